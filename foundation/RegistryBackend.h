@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+// Roots of the registry tree, with the values of the platform's predefined handles.
+enum RegRoot : quint32 {
+    HKEY_CLASSES_ROOT = 0x80000000u,
+    HKEY_CURRENT_USER = 0x80000001u,
+    HKEY_LOCAL_MACHINE = 0x80000002u,
+    HKEY_USERS = 0x80000003u,
+};
+
+// Status codes of the backend calls, as the registry API gives them.
+enum RegStatus : long {
+    REG_SUCCESS = 0,
+    REG_FILE_NOT_FOUND = 2,
+    REG_ACCESS_DENIED = 5,
+    REG_INVALID_HANDLE = 6,
+    REG_MORE_DATA = 234,
+    REG_NO_MORE_ITEMS = 259,
+};
+
+using RegHandle = quintptr;  // 0 is no key
+
+// The byte-level registry: keys below a root, each with string values. Key paths use
+// "\" and are compared without regard to case; value data are the ANSI bytes
+// (Windows-1252) of the text, without terminator. Every call returns a RegStatus.
+class VORELLE_EXPORT RegistryBackend {
+public:
+    virtual ~RegistryBackend();
+
+    // Opens an existing key; REG_FILE_NOT_FOUND when it is missing.
+    virtual long openKey(quint32 root, const QString& subKey, RegHandle* key) = 0;
+    // Opens a key, creating it and all its parents when missing.
+    virtual long createKey(quint32 root, const QString& subKey, RegHandle* key) = 0;
+    virtual long closeKey(RegHandle key) = 0;
+    virtual long queryValue(RegHandle key, const QString& name, QByteArray* data) = 0;
+    virtual long setValue(RegHandle key, const QString& name, const QByteArray& data) = 0;
+    virtual long deleteValue(RegHandle key, const QString& name) = 0;
+    // Deletes a key that has no sub keys; a key with sub keys is refused.
+    virtual long deleteKey(quint32 root, const QString& subKey) = 0;
+    // The name of the sub key at index (from 0); REG_NO_MORE_ITEMS past the last.
+    virtual long enumKey(RegHandle key, quint32 index, QString* name) = 0;
+    // The names of the values of a key, in the backend's order.
+    virtual long enumValues(RegHandle key, QStringList* names) = 0;
+
+    static RegistryBackend& instance();
+    static RegistryBackend* setInstance(RegistryBackend* backend);
+};
+
+}  // namespace vorelle

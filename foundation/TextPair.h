@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+// The two fields of a two-language property X: X_de and X_en. Which one counts is
+// decided by CurrentLanguage at each access, never stored.
+class VORELLE_EXPORT TextPair {
+public:
+    TextPair() = default;
+    TextPair(QString de, QString en) : de_(std::move(de)), en_(std::move(en)) {}
+
+    const QString& de() const { return de_; }
+    const QString& en() const { return en_; }
+    void setDe(const QString& text) { de_ = text; }
+    void setEn(const QString& text) { en_ = text; }
+
+    // The field of CurrentLanguage.
+    const QString& current() const;
+    // Stores into the field of CurrentLanguage; returns the suffix of the member that
+    // changed, "_de" or "_en".
+    QString setCurrent(const QString& text);
+
+    bool operator==(const TextPair&) const = default;
+
+private:
+    QString de_;
+    QString en_;
+};
+
+}  // namespace vorelle

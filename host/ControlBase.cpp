@@ -1,0 +1,214 @@
+#include "host/ControlBase.h"
+
+#include <QApplication>
+#include <QMetaClassInfo>
+#include <QResizeEvent>
+#include <cmath>
+
+#include "foundation/LateBinding.h"
+#include "foundation/LibraryInfo.h"
+#include "foundation/Language.h"
+#include "host/Environment.h"
+#include "host/Form.h"
+#include "host/MessageBox.h"
+#include "host/WindowHandle.h"
+
+namespace vorelle {
+
+namespace {
+
+// Twips per unit of the scale modes: 1 twips, 2 points, 3 pixels, 5 inches, 6 mm, 7 cm.
+double twipsPerUnit(int mode) {
+    switch (mode) {
+        case 1: return 1.0;
+        case 2: return 20.0;
+        case 3: return kTwipsPerPixel;
+        case 5: return 1440.0;
+        case 6: return 1440.0 / 25.4;
+        case 7: return 1440.0 / 2.54;
+        default: return 0.0;
+    }
+}
+
+}  // namespace
+
+ControlBase::ControlBase(QWidget* parent)
+    : QWidget(parent), host_(std::make_unique<ControlHost>(this)) {
+    if (qApp) {
+        connect(qApp, &QApplication::focusChanged, this, &ControlBase::onFocusChanged);
+    }
+}
+
+ControlBase::~ControlBase() = default;
+
+void ControlBase::setHost(std::unique_ptr<ControlHost> host) {
+    if (host) {
+        host_ = std::move(host);
+    }
+}
+
+// --- Life cycle -----------------------------------------------------------------------------
+
+void ControlBase::startNew() {
+    Initialize();
+    InitProperties();
+    started_ = true;
+    Resize();
+}
+
+void ControlBase::startFrom(const PropertyBag& bag) {
+    Initialize();
+    beginReadProperties();
+    ReadProperties(bag);
+    started_ = true;
+    Resize();
+}
+
+PropertyBag ControlBase::save() const {
+    PropertyBag bag;
+    WriteProperties(bag);
+    return bag;
+}
+
+void ControlBase::Initialize() { LanguageLoad(); }
+
+void ControlBase::InitProperties() {
+    if (neverTakesFocus()) {
+        LateSet(sibling(host_->DisplayName()), "TabStop", false);
+    }
+}
+
+void ControlBase::beginReadProperties() {
+    moduleAppName_ = GetModuleAppName(QString());
+    const Form* form = host_->Parent();
+    formName_ = form ? form->Name() : QString();
+    controlName_ = host_->DisplayName();
+    if (!host_->UserMode() && neverTakesFocus()) {
+        LateSet(sibling(controlName_), "TabStop", false);
+    }
+}
+
+void ControlBase::ReadProperties(const PropertyBag& bag) {}
+void ControlBase::WriteProperties(PropertyBag& bag) const {}
+void ControlBase::Resize() {}
+void ControlBase::EnterFocus() {}
+void ControlBase::ExitFocus() {}
+
+void ControlBase::PropertyChanged(const QString& name) { host_->PropertyChanged(name); }
+
+void ControlBase::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (started_ && !inResize_) {
+        inResize_ = true;
+        Resize();
+        inResize_ = false;
+    }
+}
+
+void ControlBase::onFocusChanged(QWidget* old, QWidget* now) {
+    const bool inside = now && (now == this || isAncestorOf(now));
+    if (inside && !hasFocus_) {
+        hasFocus_ = true;
+        EnterFocus();
+    } else if (!inside && hasFocus_) {
+        hasFocus_ = false;
+        ExitFocus();
+    }
+}
+
+// --- Text pairs ------------------------------------------------------------------------------
+
+void ControlBase::letPairDe(TextPair& pair, const QString& value, const QString& baseName,
+                            const std::function<void(const QString&)>& show) {
+    pair.setDe(value);
+    if (show) {
+        show(pair.current());
+    }
+    PropertyChanged(baseName + QStringLiteral("_de"));
+}
+
+void ControlBase::letPairEn(TextPair& pair, const QString& value, const QString& baseName,
+                            const std::function<void(const QString&)>& show) {
+    pair.setEn(value);
+    if (show) {
+        show(pair.current());
+    }
+    PropertyChanged(baseName + QStringLiteral("_en"));
+}
+
+void ControlBase::letPair(TextPair& pair, const QString& value, const QString& baseName,
+                          const std::function<void(const QString&)>& show) {
+    if (show) {
+        show(value);
+    }
+    PropertyChanged(baseName + pair.setCurrent(value));
+}
+
+// --- Common members --------------------------------------------------------------------------
+
+QString ControlBase::classInfo(const QMetaObject* meta, const char* key) {
+    const int index = meta->indexOfClassInfo(key);
+    return index < 0 ? QString() : QString::fromUtf8(meta->classInfo(index).value());
+}
+
+QString ControlBase::TypeName() const { return classInfo(metaObject(), "TypeName"); }
+
+qint32 ControlBase::hwnd() const { return HwndOf(this); }
+
+QString ControlBase::aboutText() const {
+    static const QString kEnd = QStringLiteral("\r\n");
+    const QMetaObject* meta = metaObject();
+    return classInfo(meta, "AboutHeader") + kEnd + classInfo(meta, "AboutDescription") + kEnd +
+           kEnd + QStringLiteral("Part of Vorelle V 6.71 (Build 285)") + kEnd +
+           QString::fromUtf8(kMakerLine);
+}
+
+void ControlBase::ShowAbout() { MsgBox(aboutText(), 0, classInfo(metaObject(), "AboutHeader")); }
+
+void ControlBase::setScaleMode(int mode) {
+    if (mode == 0 && scaleMode_ != 0) {
+        scaleWidth_ = ScaleWidth();
+        scaleHeight_ = ScaleHeight();
+    }
+    scaleMode_ = mode;
+}
+
+qint32 ControlBase::ScaleWidth() const {
+    const double unit = twipsPerUnit(scaleMode_);
+    return static_cast<qint32>(std::lround(unit > 0 ? Width() / unit : scaleWidth_));
+}
+
+void ControlBase::setScaleWidth(qint32 width) {
+    scaleHeight_ = ScaleHeight();
+    scaleWidth_ = width;
+    scaleMode_ = 0;
+}
+
+qint32 ControlBase::ScaleHeight() const {
+    const double unit = twipsPerUnit(scaleMode_);
+    return static_cast<qint32>(std::lround(unit > 0 ? Height() / unit : scaleHeight_));
+}
+
+void ControlBase::setScaleHeight(qint32 height) {
+    scaleWidth_ = ScaleWidth();
+    scaleHeight_ = height;
+    scaleMode_ = 0;
+}
+
+void ControlBase::setWidth(qint32 twips) { resize(TwipsToPixels(twips), height()); }
+void ControlBase::setHeight(qint32 twips) { resize(width(), TwipsToPixels(twips)); }
+void ControlBase::setLeft(qint32 twips) { move(TwipsToPixels(twips), y()); }
+void ControlBase::setTop(qint32 twips) { move(x(), TwipsToPixels(twips)); }
+
+bool ControlBase::TabStop() const { return (focusPolicy() & Qt::TabFocus) != 0; }
+
+void ControlBase::setTabStop(bool on) {
+    setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+QObject* ControlBase::sibling(const QString& name) const {
+    Form* form = host_->Parent();
+    return form ? form->Controls(name) : nullptr;
+}
+
+}  // namespace vorelle

@@ -1,0 +1,222 @@
+#include "host/Form.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QScrollArea>
+#include <QStackedWidget>
+#include <QTabWidget>
+#include <QToolBox>
+
+#include "foundation/LateBinding.h"
+#include "host/ControlBase.h"
+#include "host/ControlBase.h"
+#include "host/VirtualKeys.h"
+#include "host/WindowHandle.h"
+
+namespace vorelle {
+
+namespace {
+
+QList<QPointer<Form>>& formList() {
+    static QList<QPointer<Form>> forms;
+    return forms;
+}
+
+// Plain Qt widgets whose children are controls of the form (not internals of the widget).
+bool isPlainContainer(const QWidget* w) {
+    const QMetaObject* meta = w->metaObject();
+    return meta == &QWidget::staticMetaObject || meta == &QFrame::staticMetaObject ||
+           meta == &QGroupBox::staticMetaObject || meta == &QStackedWidget::staticMetaObject ||
+           meta == &QTabWidget::staticMetaObject || meta == &QToolBox::staticMetaObject ||
+           meta == &QScrollArea::staticMetaObject;
+}
+
+void collect(const QWidget* parent, QList<QWidget*>& out) {
+    for (QObject* child : parent->children()) {
+        auto* w = qobject_cast<QWidget*>(child);
+        if (!w || w->isWindow() || w->objectName().isEmpty() || w->objectName().startsWith(u"qt_")) {
+            // Internals of Qt containers (tab bars, stacked pages) still hold controls.
+            if (w && !w->isWindow() && !qobject_cast<ControlBase*>(w) &&
+                (w->objectName().startsWith(u"qt_") || w->objectName().isEmpty()) &&
+                isPlainContainer(parent)) {
+                collect(w, out);
+            }
+            continue;
+        }
+        out.append(w);
+        if (auto* control = qobject_cast<ControlBase*>(w)) {
+            if (QWidget* area = control->containerArea()) {
+                collect(area, out);
+            }
+        } else if (isPlainContainer(w)) {
+            collect(w, out);
+        }
+    }
+}
+
+}  // namespace
+
+Form::Form(QWidget* parent) : QWidget(parent) {
+    formList().append(this);
+}
+
+Form::~Form() { formList().removeAll(this); }
+
+QList<Form*> Form::loadedForms() {
+    QList<Form*> result;
+    for (const QPointer<Form>& f : formList()) {
+        if (f) {
+            result.append(f);
+        }
+    }
+    return result;
+}
+
+qint32 Form::Left() const { return PixelsToTwips(frameGeometry().x()); }
+void Form::setLeft(qint32 twips) { move(TwipsToPixels(twips), frameGeometry().y()); }
+qint32 Form::Top() const { return PixelsToTwips(frameGeometry().y()); }
+void Form::setTop(qint32 twips) { move(frameGeometry().x(), TwipsToPixels(twips)); }
+qint32 Form::Width() const { return PixelsToTwips(frameGeometry().width()); }
+qint32 Form::Height() const { return PixelsToTwips(frameGeometry().height()); }
+
+void Form::setWidth(qint32 twips) {
+    const int frame = frameGeometry().width() - width();
+    resize(TwipsToPixels(twips) - frame, height());
+}
+
+void Form::setHeight(qint32 twips) {
+    const int frame = frameGeometry().height() - height();
+    resize(width(), TwipsToPixels(twips) - frame);
+}
+
+qint32 Form::ScaleWidth() const { return PixelsToTwips(width()); }
+qint32 Form::ScaleHeight() const { return PixelsToTwips(height()); }
+
+int Form::WindowState() const {
+    if (isMinimized()) {
+        return 1;
+    }
+    return isMaximized() ? 2 : 0;
+}
+
+void Form::setWindowStateProperty(int state) {
+    switch (state) {
+        case 1: setWindowState(Qt::WindowMinimized); break;
+        case 2: setWindowState(Qt::WindowMaximized); break;
+        default: setWindowState(Qt::WindowNoState); break;
+    }
+}
+
+void Form::setBorderStyle(int style) {
+    borderStyle_ = style;
+    Qt::WindowFlags flags = Qt::Window;
+    switch (style) {
+        case 0: flags |= Qt::FramelessWindowHint; break;
+        case 1:
+        case 3: flags |= Qt::MSWindowsFixedSizeDialogHint; break;
+        case 4: flags = Qt::Tool | Qt::MSWindowsFixedSizeDialogHint; break;
+        case 5: flags = Qt::Tool; break;
+        default: break;
+    }
+    if (isWindow()) {
+        setWindowFlags(flags);
+    }
+}
+
+qint32 Form::hWnd() const { return HwndOf(this); }
+
+QList<QWidget*> Form::Controls() const {
+    QList<QWidget*> result;
+    collect(this, result);
+    return result;
+}
+
+QObject* Form::Controls(const QString& name) const {
+    for (QWidget* w : Controls()) {
+        if (w->objectName().compare(name, Qt::CaseInsensitive) == 0) {
+            return w;
+        }
+    }
+    return nullptr;
+}
+
+void Form::Cls() { update(); }
+
+void Form::runLoad() {
+    emit Load();
+    LateCall(this, "Form_Load2");
+}
+
+void Form::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) {
+        const bool active = isActiveWindow();
+        if (active != active_) {
+            active_ = active;
+            if (active) {
+                emit Activate();
+                LateCall(this, "Form_Activate2");
+            } else {
+                emit Deactivate();
+                LateCall(this, "Form_Deactivate2");
+            }
+        }
+    }
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    int cancel = 0;
+    emit QueryUnload(cancel, 0);
+    QVariantList args{cancel, 0};
+    LateCall(this, "Form_QueryUnload2", args);
+    cancel = args.value(0).toInt();
+    if (cancel == 0) {
+        emit Unload(cancel);
+    }
+    if (cancel != 0) {
+        event->ignore();
+        return;
+    }
+    QWidget::closeEvent(event);
+}
+
+void Form::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    emit Resize();
+    LateCall(this, "Form_Resize2");
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    int keyCode = VirtualKeyFromEvent(event);
+    const int shift = ShiftFromModifiers(event->modifiers());
+    emit KeyDown(keyCode, shift);
+    QVariantList args{keyCode, shift};
+    LateCall(this, "Form_KeyDown2", args);
+    if (args.value(0).toInt() == 0) {
+        event->accept();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void Form::mousePressEvent(QMouseEvent* event) {
+    int button = 0;
+    switch (event->button()) {
+        case Qt::LeftButton: button = 1; break;
+        case Qt::RightButton: button = 2; break;
+        case Qt::MiddleButton: button = 4; break;
+        default: break;
+    }
+    const int shift = ShiftFromModifiers(event->modifiers());
+    const auto x = static_cast<float>(PixelsToTwips(qRound(event->position().x())));
+    const auto y = static_cast<float>(PixelsToTwips(qRound(event->position().y())));
+    emit MouseDown(button, shift, x, y);
+    LateCall(this, "Form_MouseDown2", {button, shift, x, y});
+    QWidget::mousePressEvent(event);
+}
+
+}  // namespace vorelle

@@ -1,0 +1,82 @@
+#pragma once
+
+// Test doubles of the platform services. Each Scoped* puts its double in place for the
+// lifetime of a test and restores the previous service afterwards.
+
+#include <QDateTime>
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QTimeZone>
+
+#include "foundation/Clock.h"
+#include "foundation/MemoryRegistry.h"
+#include "foundation/ProcessExit.h"
+#include "foundation/RegistryBackend.h"
+#include "foundation/ServiceSlot.h"
+#include "host/CursorState.h"
+#include "host/KeyState.h"
+#include "host/MessageBox.h"
+
+namespace vorelle::test {
+
+class FakeClock : public Clock {
+public:
+    QDateTime local{QDate(2005, 3, 5), QTime(8, 5, 9, 42)};
+    QDateTime utc{QDate(2005, 3, 5), QTime(7, 5, 9, 42), QTimeZone::UTC};
+    QTimeZone zone{QByteArrayLiteral("Europe/Berlin")};
+
+    QDateTime localNow() const override { return local; }
+    QDateTime utcNow() const override { return utc; }
+    QTimeZone timeZone() const override { return zone; }
+};
+
+class FakeKeyState : public KeyState {
+public:
+    QSet<int> down;
+    bool isDown(int virtualKey) const override { return down.contains(virtualKey); }
+};
+
+class FakeCursor : public CursorState {
+public:
+    QPoint position;
+    QPoint pos() const override { return position; }
+    void setPos(const QPoint& p) override { position = p; }
+};
+
+// Answers boxes from a script (default OK) and records what was shown.
+class FakeMessageBox : public MessageBox {
+public:
+    struct Shown {
+        QString text;
+        QString title;
+        int style;
+    };
+    QList<int> answers;
+    QList<Shown> shown;
+    int beeps = 0;
+
+    int show(const QString& text, const QString& title, int style) override {
+        shown.append({text, title, style});
+        return answers.isEmpty() ? 1 : answers.takeFirst();
+    }
+    void beep() override { ++beeps; }
+};
+
+class FakeProcessExit : public ProcessExit {
+public:
+    QList<int> codes;
+    void exit(int code) override { codes.append(code); }
+};
+
+// A fresh in-memory store for one test.
+class ScopedMemoryStore {
+public:
+    ScopedMemoryStore() : scope_(registry) {}
+    MemoryRegistry registry;
+
+private:
+    ScopedService<RegistryBackend> scope_;
+};
+
+}  // namespace vorelle::test
