@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+// The library's version text, "6.71".
+VORELLE_EXPORT QString BuildVersion();
+
+// The process-wide debug level; debug.log is written only while it is not 0.
+VORELLE_EXPORT qint16 DebugLevel();
+VORELLE_EXPORT void SetDebugLevel(qint16 level);
+
+// The current error of the process (number and the host's text for it), as the log lines
+// report it. 0 and "" when there is none.
+VORELLE_EXPORT int ErrNumber();
+VORELLE_EXPORT QString ErrDescription();
+VORELLE_EXPORT void ErrRaise(int number, const QString& description = QString());
+VORELLE_EXPORT void ErrClear();
+
+// Append one line to error.log / debug.log in the library's folder. A log that cannot be
+// written gives false; nothing is thrown.
+VORELLE_EXPORT bool LogError(const QString& Text, const QString& FunctionName,
+                             const QString& Kind = QString());
+VORELLE_EXPORT bool LogDebug(const QString& Text, const QString& FunctionName,
+                             const QString& Kind = QString());
+
+}  // namespace vorelle
