@@ -20,8 +20,18 @@ VORELLE_EXPORT QString ErrDescription();
 VORELLE_EXPORT void ErrRaise(int number, const QString& description = QString());
 VORELLE_EXPORT void ErrClear();
 
+// The folder that holds error.log and debug.log: VORELLE_LIBRARY_DIR when set, else the
+// folder of the library's own file where writable, else a per-user folder.
+VORELLE_EXPORT QString LogFolder();
+// The stamp that starts each log line, "dd.mm.yyyy/hh:nn:ss.mmm/GMT+hh:mm", from the Clock.
+VORELLE_EXPORT QString LogStamp();
+
 // Append one line to error.log / debug.log in the library's folder. A log that cannot be
 // written gives false; nothing is thrown.
+// LogError: stamp@Vorelle V 6.71.285@FunctionName@Kind: '<error text>' (<error number>)
+//           [ - DebugInfo: Text].
+// LogDebug: first LogError when the current error number is above 0; then, while
+//           DebugLevel is not 0, stamp@Vorelle V 6.71.285@FunctionName@Kind: 'Text'.
 VORELLE_EXPORT bool LogError(const QString& Text, const QString& FunctionName,
                              const QString& Kind = QString());
 VORELLE_EXPORT bool LogDebug(const QString& Text, const QString& FunctionName,

@@ -23,7 +23,7 @@ namespace vorelle::test {
 class FakeClock : public Clock {
 public:
     QDateTime local{QDate(2005, 3, 5), QTime(8, 5, 9, 42)};
-    QDateTime utc{QDate(2005, 3, 5), QTime(7, 5, 9, 42), QTimeZone::UTC};
+    QDateTime utc{QDate(2005, 3, 5), QTime(7, 5, 9, 42), Qt::UTC};
     QTimeZone zone{QByteArrayLiteral("Europe/Berlin")};
 
     QDateTime localNow() const override { return local; }
