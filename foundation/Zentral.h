@@ -13,6 +13,10 @@ namespace vorelle {
 // and brackets, the pipe-separated list (PSL), and small conversions.
 
 // --- Tokeniser --------------------------------------------------------------------------
+// The mark of a token that was merged away (the character with code 8). An item that
+// consists of exactly this character ends a list.
+VORELLE_EXPORT const QString& TokenRemovedMark();
+
 // QuoteChars and BracketChars are two-character strings (opening, closing); any other
 // length means no such pair. An opening quote or bracket without its closing one throws
 // std::out_of_range.
@@ -43,7 +47,8 @@ VORELLE_EXPORT QString PslUnique(const QString& List);
 VORELLE_EXPORT QString Substring(const QString& Text, int StartPos, int EndPos);
 VORELLE_EXPORT bool StartsWith(const QString& Text, const QString& Prefix, bool IgnoreCase = false);
 VORELLE_EXPORT int CharCount(const QString& Text, const QString& Char);
-VORELLE_EXPORT bool CharsAllIn(const QString& Text, const QString& Allowed, bool IgnoreCase = false);
+VORELLE_EXPORT bool CharsAllIn(const QString& Text, const QString& Allowed,
+                               bool IgnoreCase = false);
 VORELLE_EXPORT QString ReplaceNoCase(const QString& Text, const QString& Find,
                                      const QString& ReplaceWith);
 VORELLE_EXPORT QString ReplaceAllNoCase(const QString& Text, const QString& Find,
@@ -61,10 +66,20 @@ VORELLE_EXPORT void QuickSort(QStringList& Array, int First, int Last);
 VORELLE_EXPORT void QuickSort(QList<double>& Array, int First, int Last);
 VORELLE_EXPORT bool ToBool(const QVariant& Value);
 VORELLE_EXPORT int BoolToInt(const QVariant& Value);
+// Hexadecimal text of up to eight digits; up to four digits give a 16-bit value, as the
+// host reads "&H" literals ("FFFF" is -1). Empty or unreadable text gives 0.
 VORELLE_EXPORT qint32 HexToLong(const QString& Text);
 VORELLE_EXPORT qint32 HexColor(const QString& Text);
 VORELLE_EXPORT QString ColorToHex(qint32 Colour);
+// A colour whose top byte is 128 (0x80000000 + index) is the system colour of its low byte.
 VORELLE_EXPORT qint32 SysColorResolve(qint32 Colour);
+// The system colour of an index 0..30 as red + 256 * green + 65536 * blue; 0 for other
+// indices. Without a window system the classic colours stand in.
+VORELLE_EXPORT qint32 GetSysColor(int Index);
+// Where the window system's colours come from; the widgets side sets this. Returns the
+// previous function.
+using SysColorFunction = qint32 (*)(int index);
+VORELLE_EXPORT SysColorFunction SetSysColorFunction(SysColorFunction function);
 VORELLE_EXPORT int HexByteHigh(const QString& Text);
 
 // --- Environment (no widgets needed) ----------------------------------------------------
