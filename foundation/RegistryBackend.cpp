@@ -7,6 +7,12 @@ namespace vorelle {
 
 RegistryBackend::~RegistryBackend() = default;
 
+void RegistryBackend::begin(bool) {}
+
+long RegistryBackend::end() {
+    return REG_SUCCESS;
+}
+
 VORELLE_DEFINE_SERVICE(RegistryBackend, MemoryRegistry)
 
 }  // namespace vorelle

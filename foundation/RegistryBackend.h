@@ -23,6 +23,9 @@ enum RegStatus : long {
     REG_INVALID_HANDLE = 6,
     REG_MORE_DATA = 234,
     REG_NO_MORE_ITEMS = 259,
+    REG_BADDB = 1009,        // the store's file is damaged or no store at all
+    REG_KEY_DELETED = 1018,  // the key of the handle was deleted meanwhile
+    REG_IO_FAILED = 1016,    // the store could not be read or written (busy, full, locked)
 };
 
 using RegHandle = quintptr;  // 0 is no key
@@ -48,6 +51,15 @@ public:
     virtual long enumKey(RegHandle key, quint32 index, QString* name) = 0;
     // The names of the values of a key, in the backend's order.
     virtual long enumValues(RegHandle key, QStringList* names) = 0;
+
+    // Groups the calls up to the matching end() into one transaction: all of them take
+    // effect or none, and other processes see either the old or the new state. Pairs nest;
+    // only the outermost pair counts. write announces that the group changes the store.
+    // The defaults do nothing (a backend without transactions).
+    virtual void begin(bool write);
+    // Ends the group begun last. The outermost end() gives REG_SUCCESS when the group took
+    // effect, otherwise the status of the first failure in it.
+    virtual long end();
 
     static RegistryBackend& instance();
     static RegistryBackend* setInstance(RegistryBackend* backend);
