@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QTemporaryDir>
 
 int main(int argc, char** argv) {
@@ -15,7 +16,9 @@ int main(int argc, char** argv) {
         return 3;
     }
     qputenv("VORELLE_REGISTRY", sandbox.filePath(QStringLiteral("registry.db")).toLocal8Bit());
-    qputenv("VORELLE_LIBRARY_DIR", sandbox.filePath(QStringLiteral("library")).toLocal8Bit());
+    const QString library = sandbox.filePath(QStringLiteral("library"));
+    QDir().mkpath(library);
+    qputenv("VORELLE_LIBRARY_DIR", library.toLocal8Bit());
 
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("VorelleTests"));
