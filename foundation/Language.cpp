@@ -16,9 +16,13 @@ const QString kNoArgs = QStringLiteral("%1|%2|%3...");
 
 }  // namespace
 
-const QString& CurrentLanguage() { return language(); }
+const QString& CurrentLanguage() {
+    return language();
+}
 
-bool IsGerman() { return language() == u"de"; }
+bool IsGerman() {
+    return language() == u"de";
+}
 
 void LanguageLoad() {
     QString value = RegGet(QStringLiteral("Vorelle"), QStringLiteral("Config"),
@@ -51,6 +55,25 @@ QString LangText(const QString& TextDe, const QString& TextEn, const QString& Ar
                  const QString& Language) {
     QString language = Language;
     return LangText(TextDe, TextEn, Args, language);
+}
+
+QString EnglishOrGerman(const QString& TextDe, const QString& TextEn) {
+    return TextEn.isEmpty() ? TextDe : TextEn;
+}
+
+QString MenuTitleText(const QString& TitleDe, const QString& TitleEn) {
+    return !IsGerman() && !TitleEn.isEmpty() ? TitleEn : TitleDe;
+}
+
+QString MenuEntryText(const QString& TextDe, const QString& TextEn) {
+    if (IsGerman()) {
+        return TextDe;
+    }
+    return TextEn.isEmpty() ? TextDe : TextEn;
+}
+
+QString BilingualToken(const QString& Both) {
+    return TokenGet(Both, QStringLiteral("|"), IsGerman() ? 1 : 2);
 }
 
 }  // namespace vorelle

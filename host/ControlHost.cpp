@@ -15,7 +15,9 @@ bool ControlHost::UserMode() const {
     return form ? form->UserMode() : true;
 }
 
-QString ControlHost::DisplayName() const { return control_->objectName(); }
+QString ControlHost::DisplayName() const {
+    return control_->objectName();
+}
 
 QFont ControlHost::AmbientFont() const {
     const Form* form = Parent();
@@ -41,7 +43,9 @@ QList<QWidget*> ControlHost::ContainedControls() const {
     QList<QWidget*> result;
     if (QWidget* area = control_->containerArea()) {
         for (QObject* child : area->children()) {
-            if (auto* w = qobject_cast<QWidget*>(child); w && !w->objectName().startsWith(u"qt_")) {
+            auto* w = qobject_cast<QWidget*>(child);
+            if (w && !w->isWindow() && !ControlBase::isConstituent(w) &&
+                !w->objectName().startsWith(u"qt_")) {
                 result.append(w);
             }
         }

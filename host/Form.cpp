@@ -1,10 +1,12 @@
 #include "host/Form.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFrame>
 #include <QGroupBox>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QScrollArea>
 #include <QStackedWidget>
@@ -13,7 +15,8 @@
 
 #include "foundation/LateBinding.h"
 #include "host/ControlBase.h"
-#include "host/ControlBase.h"
+#include "host/Fonts.h"
+#include "host/OleColor.h"
 #include "host/VirtualKeys.h"
 #include "host/WindowHandle.h"
 
@@ -38,7 +41,11 @@ bool isPlainContainer(const QWidget* w) {
 void collect(const QWidget* parent, QList<QWidget*>& out) {
     for (QObject* child : parent->children()) {
         auto* w = qobject_cast<QWidget*>(child);
-        if (!w || w->isWindow() || w->objectName().isEmpty() || w->objectName().startsWith(u"qt_")) {
+        if (ControlBase::isConstituent(w)) {
+            continue;
+        }
+        if (!w || w->isWindow() || w->objectName().isEmpty() ||
+            w->objectName().startsWith(u"qt_")) {
             // Internals of Qt containers (tab bars, stacked pages) still hold controls.
             if (w && !w->isWindow() && !qobject_cast<ControlBase*>(w) &&
                 (w->objectName().startsWith(u"qt_") || w->objectName().isEmpty()) &&
@@ -61,10 +68,13 @@ void collect(const QWidget* parent, QList<QWidget*>& out) {
 }  // namespace
 
 Form::Form(QWidget* parent) : QWidget(parent) {
+    InstallFontSubstitutions();
     formList().append(this);
 }
 
-Form::~Form() { formList().removeAll(this); }
+Form::~Form() {
+    formList().removeAll(this);
+}
 
 QList<Form*> Form::loadedForms() {
     QList<Form*> result;
@@ -76,12 +86,24 @@ QList<Form*> Form::loadedForms() {
     return result;
 }
 
-qint32 Form::Left() const { return PixelsToTwips(frameGeometry().x()); }
-void Form::setLeft(qint32 twips) { move(TwipsToPixels(twips), frameGeometry().y()); }
-qint32 Form::Top() const { return PixelsToTwips(frameGeometry().y()); }
-void Form::setTop(qint32 twips) { move(frameGeometry().x(), TwipsToPixels(twips)); }
-qint32 Form::Width() const { return PixelsToTwips(frameGeometry().width()); }
-qint32 Form::Height() const { return PixelsToTwips(frameGeometry().height()); }
+qint32 Form::Left() const {
+    return PixelsToTwips(frameGeometry().x());
+}
+void Form::setLeft(qint32 twips) {
+    move(TwipsToPixels(twips), frameGeometry().y());
+}
+qint32 Form::Top() const {
+    return PixelsToTwips(frameGeometry().y());
+}
+void Form::setTop(qint32 twips) {
+    move(frameGeometry().x(), TwipsToPixels(twips));
+}
+qint32 Form::Width() const {
+    return PixelsToTwips(frameGeometry().width());
+}
+qint32 Form::Height() const {
+    return PixelsToTwips(frameGeometry().height());
+}
 
 void Form::setWidth(qint32 twips) {
     const int frame = frameGeometry().width() - width();
@@ -93,8 +115,12 @@ void Form::setHeight(qint32 twips) {
     resize(width(), TwipsToPixels(twips) - frame);
 }
 
-qint32 Form::ScaleWidth() const { return PixelsToTwips(width()); }
-qint32 Form::ScaleHeight() const { return PixelsToTwips(height()); }
+qint32 Form::ScaleWidth() const {
+    return PixelsToTwips(width());
+}
+qint32 Form::ScaleHeight() const {
+    return PixelsToTwips(height());
+}
 
 int Form::WindowState() const {
     if (isMinimized()) {
@@ -105,9 +131,15 @@ int Form::WindowState() const {
 
 void Form::setWindowStateProperty(int state) {
     switch (state) {
-        case 1: setWindowState(Qt::WindowMinimized); break;
-        case 2: setWindowState(Qt::WindowMaximized); break;
-        default: setWindowState(Qt::WindowNoState); break;
+        case 1:
+            setWindowState(Qt::WindowMinimized);
+            break;
+        case 2:
+            setWindowState(Qt::WindowMaximized);
+            break;
+        default:
+            setWindowState(Qt::WindowNoState);
+            break;
     }
 }
 
@@ -115,19 +147,30 @@ void Form::setBorderStyle(int style) {
     borderStyle_ = style;
     Qt::WindowFlags flags = Qt::Window;
     switch (style) {
-        case 0: flags |= Qt::FramelessWindowHint; break;
+        case 0:
+            flags |= Qt::FramelessWindowHint;
+            break;
         case 1:
-        case 3: flags |= Qt::MSWindowsFixedSizeDialogHint; break;
-        case 4: flags = Qt::Tool | Qt::MSWindowsFixedSizeDialogHint; break;
-        case 5: flags = Qt::Tool; break;
-        default: break;
+        case 3:
+            flags |= Qt::MSWindowsFixedSizeDialogHint;
+            break;
+        case 4:
+            flags = Qt::Tool | Qt::MSWindowsFixedSizeDialogHint;
+            break;
+        case 5:
+            flags = Qt::Tool;
+            break;
+        default:
+            break;
     }
     if (isWindow()) {
         setWindowFlags(flags);
     }
 }
 
-qint32 Form::hWnd() const { return HwndOf(this); }
+qint32 Form::hWnd() const {
+    return HwndOf(this);
+}
 
 QList<QWidget*> Form::Controls() const {
     QList<QWidget*> result;
@@ -144,11 +187,76 @@ QObject* Form::Controls(const QString& name) const {
     return nullptr;
 }
 
-void Form::Cls() { update(); }
+void Form::setKeyPreview(bool on) {
+    if (on == keyPreview_) {
+        return;
+    }
+    keyPreview_ = on;
+    if (on) {
+        qApp->installEventFilter(this);
+    } else {
+        qApp->removeEventFilter(this);
+    }
+}
+
+void Form::setBackColor(qint32 color) {
+    backColor_ = color;
+    QPalette p = palette();
+    p.setColor(QPalette::Window, OleToQColor(color));
+    setPalette(p);
+    setAutoFillBackground(true);
+    update();
+}
+
+QImage& Form::surface() {
+    const QSize wanted = size().expandedTo(QSize(1, 1));
+    if (surface_.size() != wanted) {
+        QImage grown(wanted, QImage::Format_ARGB32_Premultiplied);
+        grown.fill(Qt::transparent);
+        if (!surface_.isNull()) {
+            QPainter p(&grown);
+            p.drawImage(0, 0, surface_);
+        }
+        surface_ = std::move(grown);
+    }
+    return surface_;
+}
+
+void Form::Cls() {
+    surface_ = QImage();
+    update();
+}
+
+void Form::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (!surface_.isNull()) {
+        QPainter p(this);
+        p.drawImage(0, 0, surface_);
+    }
+}
 
 void Form::runLoad() {
+    if (loadRan_) {
+        return;
+    }
+    loadRan_ = true;
+    if (!formList().contains(this)) {
+        formList().append(this);
+    }
     emit Load();
     LateCall(this, "Form_Load2");
+}
+
+void Form::showEvent(QShowEvent* event) {
+    runLoad();
+    QWidget::showEvent(event);
+}
+
+bool Form::UnloadForm() {
+    unloadMode_ = 1;
+    const bool closed = close();
+    unloadMode_ = 0;
+    return closed;
 }
 
 void Form::changeEvent(QEvent* event) {
@@ -170,8 +278,9 @@ void Form::changeEvent(QEvent* event) {
 
 void Form::closeEvent(QCloseEvent* event) {
     int cancel = 0;
-    emit QueryUnload(cancel, 0);
-    QVariantList args{cancel, 0};
+    const int mode = unloadMode_;
+    emit QueryUnload(cancel, mode);
+    QVariantList args{cancel, mode};
     LateCall(this, "Form_QueryUnload2", args);
     cancel = args.value(0).toInt();
     if (cancel == 0) {
@@ -181,7 +290,31 @@ void Form::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
+    formList().removeAll(this);
+    loadRan_ = false;  // a form shown again is loaded again
     QWidget::closeEvent(event);
+}
+
+bool Form::eventFilter(QObject* watched, QEvent* event) {
+    if (keyPreview_ && event->type() == QEvent::KeyPress && watched != this) {
+        auto* w = qobject_cast<QWidget*>(watched);
+        if (w && w->window() == this && isAncestorOf(w)) {
+            previewed_ = event;  // not raised again when it reaches the form unhandled
+            if (!raiseKeyDown(static_cast<QKeyEvent*>(event))) {
+                return true;  // a handler swallowed the key
+            }
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+bool Form::raiseKeyDown(QKeyEvent* event) {
+    int keyCode = VirtualKeyFromEvent(event);
+    const int shift = ShiftFromModifiers(event->modifiers());
+    emit KeyDown(keyCode, shift);
+    QVariantList args{keyCode, shift};
+    LateCall(this, "Form_KeyDown2", args);
+    return keyCode != 0 && args.value(0).toInt() != 0;
 }
 
 void Form::resizeEvent(QResizeEvent* event) {
@@ -191,12 +324,13 @@ void Form::resizeEvent(QResizeEvent* event) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    int keyCode = VirtualKeyFromEvent(event);
-    const int shift = ShiftFromModifiers(event->modifiers());
-    emit KeyDown(keyCode, shift);
-    QVariantList args{keyCode, shift};
-    LateCall(this, "Form_KeyDown2", args);
-    if (args.value(0).toInt() == 0) {
+    const bool previewed = previewed_ == event;
+    previewed_ = nullptr;
+    if (previewed) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (!raiseKeyDown(event)) {
         event->accept();
         return;
     }
@@ -206,10 +340,17 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void Form::mousePressEvent(QMouseEvent* event) {
     int button = 0;
     switch (event->button()) {
-        case Qt::LeftButton: button = 1; break;
-        case Qt::RightButton: button = 2; break;
-        case Qt::MiddleButton: button = 4; break;
-        default: break;
+        case Qt::LeftButton:
+            button = 1;
+            break;
+        case Qt::RightButton:
+            button = 2;
+            break;
+        case Qt::MiddleButton:
+            button = 4;
+            break;
+        default:
+            break;
     }
     const int shift = ShiftFromModifiers(event->modifiers());
     const auto x = static_cast<float>(PixelsToTwips(qRound(event->position().x())));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QImage>
 #include <QList>
 #include <QString>
 #include <QWidget>
@@ -9,8 +10,18 @@
 namespace vorelle {
 
 // A form: the window that hosts controls. Its notifications are signals that controls
-// bind to; each also reaches the form's own optional routine (Form_Load2, ...) when the
-// form class offers one as a Q_INVOKABLE member. Sizes and places are twips.
+// bind to; each also reaches the form's own optional routine when the form class offers
+// one as a Q_INVOKABLE member, after the signal:
+//   Load              -> Form_Load2()
+//   Activate          -> Form_Activate2()
+//   Deactivate        -> Form_Deactivate2()
+//   QueryUnload       -> Form_QueryUnload2(int& Cancel, int UnloadMode)
+//   Resize            -> Form_Resize2()
+//   KeyDown           -> Form_KeyDown2(int& KeyCode, int Shift)
+//   MouseDown         -> Form_MouseDown2(int Button, int Shift, float X, float Y)
+// Sizes and places are twips. Load runs once, at the first show (or earlier by runLoad).
+// A form is in the list of loaded forms from its creation until it is unloaded (closed
+// without Cancel) or destroyed.
 class VORELLE_EXPORT Form : public QWidget {
     Q_OBJECT
     Q_PROPERTY(QString Name READ Name WRITE setName)
@@ -26,6 +37,9 @@ class VORELLE_EXPORT Form : public QWidget {
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
     Q_PROPERTY(qint32 hWnd READ hWnd)
     Q_PROPERTY(bool UserMode READ UserMode WRITE setUserMode)
+    Q_PROPERTY(bool KeyPreview READ KeyPreview WRITE setKeyPreview)
+    Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(bool AutoRedraw READ AutoRedraw WRITE setAutoRedraw)
 
 public:
     explicit Form(QWidget* parent = nullptr);
@@ -48,7 +62,8 @@ public:
     // 0 normal, 1 minimized, 2 maximized.
     int WindowState() const;
     void setWindowStateProperty(int state);
-    // 0 none, 1 fixed single, 2 sizable, 3 fixed dialog, 4 fixed tool window, 5 sizable tool window.
+    // 0 none, 1 fixed single, 2 sizable, 3 fixed dialog, 4 fixed tool window, 5 sizable tool
+    // window.
     int BorderStyle() const { return borderStyle_; }
     void setBorderStyle(int style);
     bool Enabled() const { return isEnabled(); }
@@ -57,6 +72,19 @@ public:
     // False while the form stands in a designer: controls then do no run-time work.
     bool UserMode() const { return userMode_; }
     void setUserMode(bool on) { userMode_ = on; }
+    // True: KeyDown is raised for keys typed into any control of the form, before the
+    // control sees them.
+    bool KeyPreview() const { return keyPreview_; }
+    void setKeyPreview(bool on);
+    // The surface colour (OLE colour); Cls clears to it.
+    qint32 BackColor() const { return backColor_; }
+    void setBackColor(qint32 color);
+    // True: what is drawn on surface() persists and is shown under the controls.
+    bool AutoRedraw() const { return autoRedraw_; }
+    void setAutoRedraw(bool on) { autoRedraw_ = on; }
+    // The persistent drawing of the form (gradients, caption effects), the size of the
+    // form's client area; drawn under the controls. update() after drawing.
+    QImage& surface();
 
     // The controls of the form, flat and in collection order, controls inside
     // containers included.
@@ -66,8 +94,13 @@ public:
     // Clears what was painted on the form's surface.
     Q_INVOKABLE void Cls();
 
-    // Runs Load: the signal, then the form's own Form_Load2-style routine if any.
+    // Runs Load: the signal, then the form's own Form_Load2 if any. Only the first call
+    // does anything; showing the form calls it when nobody has.
     void runLoad();
+    bool isLoaded() const { return loadRan_; }
+    // Unloads the form from code: QueryUnload with UnloadMode 1, Unload, then the form
+    // closes. False when a handler cancelled.
+    Q_INVOKABLE bool UnloadForm();
 
     // Every form that is loaded in the process, oldest first.
     static QList<Form*> loadedForms();
@@ -83,6 +116,9 @@ signals:
     void MouseDown(int Button, int Shift, float X, float Y);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -90,9 +126,19 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    // KeyDown and Form_KeyDown2; false when a handler set KeyCode to 0.
+    bool raiseKeyDown(QKeyEvent* event);
+
+    QImage surface_;
+    const QEvent* previewed_ = nullptr;
     int borderStyle_ = 2;
+    int unloadMode_ = 0;
+    qint32 backColor_ = static_cast<qint32>(0x8000000F);
     bool userMode_ = true;
     bool active_ = false;
+    bool loadRan_ = false;
+    bool keyPreview_ = false;
+    bool autoRedraw_ = false;
 };
 
 }  // namespace vorelle

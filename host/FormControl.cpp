@@ -30,10 +30,16 @@ void FormControl::InitProperties() {
 }
 
 void FormControl::readResizing(const PropertyBag& bag) {
-    resizingMoveHor_ = bag.ReadProperty(QStringLiteral("ResizingMoveHor"), 0.0).toDouble();
-    resizingMoveVert_ = bag.ReadProperty(QStringLiteral("ResizingMoveVert"), 0.0).toDouble();
-    resizingResizeHor_ = bag.ReadProperty(QStringLiteral("ResizingResizeHor"), 0.0).toDouble();
-    resizingResizeVert_ = bag.ReadProperty(QStringLiteral("ResizingResizeVert"), 0.0).toDouble();
+    // All four are read before any is kept, so a damaged value changes none.
+    const double moveHor = bag.ReadProperty(QStringLiteral("ResizingMoveHor"), 0.0).toDouble();
+    const double moveVert = bag.ReadProperty(QStringLiteral("ResizingMoveVert"), 0.0).toDouble();
+    const double resizeHor = bag.ReadProperty(QStringLiteral("ResizingResizeHor"), 0.0).toDouble();
+    const double resizeVert =
+        bag.ReadProperty(QStringLiteral("ResizingResizeVert"), 0.0).toDouble();
+    resizingMoveHor_ = moveHor;
+    resizingMoveVert_ = moveVert;
+    resizingResizeHor_ = resizeHor;
+    resizingResizeVert_ = resizeVert;
 }
 
 void FormControl::writeResizing(PropertyBag& bag) const {

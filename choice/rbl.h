@@ -1,0 +1,41 @@
+#pragma once
+
+#include "host/FormControl.h"
+
+namespace vorelle {
+
+// A list of radio buttons.
+class VORELLE_EXPORT rbl : public FormControl {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "rbl")
+    Q_CLASSINFO("ClassId", "{269014F3-1BCA-497E-B958-03D67BFA830D}")
+    Q_CLASSINFO("InterfaceId", "{C9D4A4C7-F175-42AD-A052-72A876BB5989}")
+    Q_CLASSINFO("EventInterfaceId", "{475076F6-296B-4D10-96F1-ACD05C135AAD}")
+    Q_CLASSINFO("AboutHeader", "ctrlRadioButtonList V 1.09")
+    Q_CLASSINFO("AboutDescription", "Auswahlliste mit RadioButtons (internationalisiert)")
+    Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
+    Q_PROPERTY(qint32 hdc READ hdc STORED false)
+    Q_PROPERTY(bool HasDC READ HasDC STORED false)
+
+public:
+    static constexpr qint32 kDefaultForeColor = 0;
+
+    explicit rbl(QWidget* parent = nullptr);
+
+    using ControlBase::Enabled;
+    using ControlBase::Font;
+    using ControlBase::ForeColor;
+    using ControlBase::setEnabledProperty;
+    using ControlBase::setFontProperty;
+    using ControlBase::setForeColor;
+    // Loads the language again, shows its texts and redraws.
+    Q_INVOKABLE void Refresh() { refreshControl(); }
+
+protected:
+    void ReadProperties(const PropertyBag& bag) override;
+    void WriteProperties(PropertyBag& bag) const override;
+};
+
+}  // namespace vorelle

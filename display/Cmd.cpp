@@ -1,0 +1,32 @@
+#include "display/Cmd.h"
+
+#include "host/ControlRegistry.h"
+
+namespace vorelle {
+
+Cmd::Cmd(QWidget* parent) : FormControl(parent) {
+    initForeColor(kDefaultForeColor);
+    initBackColor(kDefaultBackColor);
+}
+
+void Cmd::ReadProperties(const PropertyBag& bag) {
+    FormControl::ReadProperties(bag);
+    readForeColor(bag, kDefaultForeColor);
+    readBackColor(bag, kDefaultBackColor);
+    readFont(bag);
+    readEnabled(bag);
+    readResizing(bag);
+}
+
+void Cmd::WriteProperties(PropertyBag& bag) const {
+    FormControl::WriteProperties(bag);
+    writeForeColor(bag, kDefaultForeColor);
+    writeBackColor(bag, kDefaultBackColor);
+    writeFont(bag);
+    writeEnabled(bag);
+    writeResizing(bag);
+}
+
+VORELLE_REGISTER_CONTROL(Cmd)
+
+}  // namespace vorelle

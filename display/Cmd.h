@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/FormControl.h"
+
+namespace vorelle {
+
+// A drawn command button.
+class VORELLE_EXPORT Cmd : public FormControl {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "cmd")
+    Q_CLASSINFO("ClassId", "{80D02640-654F-43FF-9FDE-8EEDB6385DD8}")
+    Q_CLASSINFO("InterfaceId", "{22252284-4DBB-4DA7-AD09-B6C141EC496B}")
+    Q_CLASSINFO("EventInterfaceId", "{369C0B95-D1A8-4077-A8A2-F6A752FD533B}")
+    Q_CLASSINFO("AboutHeader", "ctrlCommandButton V 1.23")
+    Q_CLASSINFO("AboutDescription", "Schaltfläche (internationalisiert)")
+    Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
+    Q_PROPERTY(qint32 hdc READ hdc STORED false)
+    Q_PROPERTY(bool HasDC READ HasDC STORED false)
+
+public:
+    static constexpr qint32 kDefaultForeColor = 0;
+    static constexpr qint32 kDefaultBackColor = static_cast<qint32>(0x8000000F);
+
+    explicit Cmd(QWidget* parent = nullptr);
+
+    using ControlBase::BackColor;
+    using ControlBase::Enabled;
+    using ControlBase::Font;
+    using ControlBase::ForeColor;
+    using ControlBase::setBackColor;
+    using ControlBase::setEnabledProperty;
+    using ControlBase::setFontProperty;
+    using ControlBase::setForeColor;
+    // Loads the language again, shows its texts and redraws.
+    Q_INVOKABLE void Refresh() { refreshControl(); }
+
+protected:
+    void ReadProperties(const PropertyBag& bag) override;
+    void WriteProperties(PropertyBag& bag) const override;
+};
+
+}  // namespace vorelle

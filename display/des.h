@@ -1,0 +1,47 @@
+#pragma once
+
+#include "host/FormControl.h"
+
+namespace vorelle {
+
+// A description text or link; never takes the focus.
+class VORELLE_EXPORT des : public FormControl {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "des")
+    Q_CLASSINFO("ClassId", "{D2225648-4021-4AB2-88A5-FA4485F82C95}")
+    Q_CLASSINFO("InterfaceId", "{A379685B-788A-433B-AF6C-D84A4FD41CA7}")
+    Q_CLASSINFO("EventInterfaceId", "{3E384071-743C-449D-8167-7654A3B125FF}")
+    Q_CLASSINFO("AboutHeader", "ctrlDescription V 1.08")
+    Q_CLASSINFO("AboutDescription", "Beschreibungstext oder Link (internationalisiert)")
+    Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
+    Q_PROPERTY(qint32 hdc READ hdc STORED false)
+    Q_PROPERTY(bool HasDC READ HasDC STORED false)
+
+public:
+    static constexpr qint32 kDefaultForeColor = 0;
+    static constexpr qint32 kDefaultBackColor = 0xFF00FF;
+
+    explicit des(QWidget* parent = nullptr);
+
+    using ControlBase::BackColor;
+    using ControlBase::Enabled;
+    using ControlBase::Font;
+    using ControlBase::ForeColor;
+    using ControlBase::setBackColor;
+    using ControlBase::setEnabledProperty;
+    using ControlBase::setFontProperty;
+    using ControlBase::setForeColor;
+    // Loads the language again, shows its texts and redraws.
+    Q_INVOKABLE void Refresh() { refreshControl(); }
+
+protected:
+    void EnterFocus() override;
+    bool neverTakesFocus() const override { return true; }
+    void ReadProperties(const PropertyBag& bag) override;
+    void WriteProperties(PropertyBag& bag) const override;
+};
+
+}  // namespace vorelle

@@ -1,0 +1,32 @@
+#include "numberdate/Dat.h"
+
+#include "host/ControlRegistry.h"
+
+namespace vorelle {
+
+Dat::Dat(QWidget* parent) : FormControl(parent) {
+    initForeColor(kDefaultForeColor);
+    initBackColor(kDefaultBackColor);
+}
+
+void Dat::ReadProperties(const PropertyBag& bag) {
+    FormControl::ReadProperties(bag);
+    readForeColor(bag, kDefaultForeColor);
+    readBackColor(bag, kDefaultBackColor);
+    readFont(bag);
+    readEnabled(bag);
+    readResizing(bag);
+}
+
+void Dat::WriteProperties(PropertyBag& bag) const {
+    FormControl::WriteProperties(bag);
+    writeForeColor(bag, kDefaultForeColor);
+    writeBackColor(bag, kDefaultBackColor);
+    writeFont(bag);
+    writeEnabled(bag);
+    writeResizing(bag);
+}
+
+VORELLE_REGISTER_CONTROL(Dat)
+
+}  // namespace vorelle

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "host/FormControl.h"
+
+namespace vorelle {
+
+// Entry of a number.
+class VORELLE_EXPORT Num : public FormControl {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "num")
+    Q_CLASSINFO("ClassId", "{EB05DB0C-0AC2-4B8B-9BF4-4E83E20924A2}")
+    Q_CLASSINFO("InterfaceId", "{1E813B07-C71F-4E25-A048-CB433DB77A06}")
+    Q_CLASSINFO("EventInterfaceId", "{3006DD2B-F78E-44A9-B8A0-D5BDB03A23A8}")
+    Q_CLASSINFO("AboutHeader", "ctrlZahl V 1.14")
+    Q_CLASSINFO("AboutDescription", "Eingabefeld für numerische Werte (internationalisiert)")
+    Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
+    Q_PROPERTY(qint32 hdc READ hdc STORED false)
+    Q_PROPERTY(bool HasDC READ HasDC STORED false)
+
+public:
+    static constexpr qint32 kDefaultForeColor = 0;
+    static constexpr qint32 kDefaultBackColor = 0xFFFFFF;
+
+    explicit Num(QWidget* parent = nullptr);
+
+    using ControlBase::BackColor;
+    using ControlBase::Enabled;
+    using ControlBase::Font;
+    using ControlBase::ForeColor;
+    using ControlBase::setBackColor;
+    using ControlBase::setEnabledProperty;
+    using ControlBase::setFontProperty;
+    using ControlBase::setForeColor;
+    // Loads the language again, shows its texts and redraws.
+    Q_INVOKABLE void Refresh() { refreshControl(); }
+
+protected:
+    void ReadProperties(const PropertyBag& bag) override;
+    void WriteProperties(PropertyBag& bag) const override;
+};
+
+}  // namespace vorelle

@@ -1,0 +1,32 @@
+#include "numberdate/Tim.h"
+
+#include "host/ControlRegistry.h"
+
+namespace vorelle {
+
+Tim::Tim(QWidget* parent) : FormControl(parent) {
+    initForeColor(kDefaultForeColor);
+    initBackColor(kDefaultBackColor);
+}
+
+void Tim::ReadProperties(const PropertyBag& bag) {
+    FormControl::ReadProperties(bag);
+    readForeColor(bag, kDefaultForeColor);
+    readBackColor(bag, kDefaultBackColor);
+    readFont(bag);
+    readEnabled(bag);
+    readResizing(bag);
+}
+
+void Tim::WriteProperties(PropertyBag& bag) const {
+    FormControl::WriteProperties(bag);
+    writeForeColor(bag, kDefaultForeColor);
+    writeBackColor(bag, kDefaultBackColor);
+    writeFont(bag);
+    writeEnabled(bag);
+    writeResizing(bag);
+}
+
+VORELLE_REGISTER_CONTROL(Tim)
+
+}  // namespace vorelle

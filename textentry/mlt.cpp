@@ -1,0 +1,32 @@
+#include "textentry/mlt.h"
+
+#include "host/ControlRegistry.h"
+
+namespace vorelle {
+
+mlt::mlt(QWidget* parent) : FormControl(parent) {
+    initForeColor(kDefaultForeColor);
+    initBackColor(kDefaultBackColor);
+}
+
+void mlt::ReadProperties(const PropertyBag& bag) {
+    FormControl::ReadProperties(bag);
+    readForeColor(bag, kDefaultForeColor);
+    readBackColor(bag, kDefaultBackColor);
+    readFont(bag);
+    readEnabled(bag);
+    readResizing(bag);
+}
+
+void mlt::WriteProperties(PropertyBag& bag) const {
+    FormControl::WriteProperties(bag);
+    writeForeColor(bag, kDefaultForeColor);
+    writeBackColor(bag, kDefaultBackColor);
+    writeFont(bag);
+    writeEnabled(bag);
+    writeResizing(bag);
+}
+
+VORELLE_REGISTER_CONTROL(mlt)
+
+}  // namespace vorelle

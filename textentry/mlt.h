@@ -1,0 +1,43 @@
+#pragma once
+
+#include "host/FormControl.h"
+
+namespace vorelle {
+
+// Entry of a text of several lines.
+class VORELLE_EXPORT mlt : public FormControl {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "mlt")
+    Q_CLASSINFO("ClassId", "{2AECC975-B9AE-4DEA-B285-9EB70BC2CCD3}")
+    Q_CLASSINFO("InterfaceId", "{164FCCE4-B649-46CD-BCCA-96FA4B6867F6}")
+    Q_CLASSINFO("EventInterfaceId", "{AB0760E2-D818-4704-B8D0-163CA3520267}")
+    Q_CLASSINFO("AboutHeader", "ctrlMultilineText V 1.06")
+    Q_CLASSINFO("AboutDescription", "Mehrzeiliges Eingabefeld für Text (internationalisiert)")
+    Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
+
+public:
+    static constexpr qint32 kDefaultForeColor = 0;
+    static constexpr qint32 kDefaultBackColor = 0xFFFFFF;
+
+    explicit mlt(QWidget* parent = nullptr);
+
+    using ControlBase::BackColor;
+    using ControlBase::Enabled;
+    using ControlBase::Font;
+    using ControlBase::ForeColor;
+    using ControlBase::setBackColor;
+    using ControlBase::setEnabledProperty;
+    using ControlBase::setFontProperty;
+    using ControlBase::setForeColor;
+    // Loads the language again, shows its texts and redraws.
+    Q_INVOKABLE void Refresh() { refreshControl(); }
+
+protected:
+    void ReadProperties(const PropertyBag& bag) override;
+    void WriteProperties(PropertyBag& bag) const override;
+};
+
+}  // namespace vorelle
