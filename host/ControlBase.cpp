@@ -365,10 +365,21 @@ void ControlBase::setScaleHeight(qint32 height) {
 }
 
 void ControlBase::setWidth(qint32 twips) {
-    resize(TwipsToPixels(twips), height());
+    resizeNow(QSize(TwipsToPixels(twips), height()));
 }
 void ControlBase::setHeight(qint32 twips) {
-    resize(width(), TwipsToPixels(twips));
+    resizeNow(QSize(width(), TwipsToPixels(twips)));
+}
+
+void ControlBase::resizeNow(const QSize& size) {
+    const bool changed = size != this->size();
+    resize(size);
+    // A hidden widget gets its resize event only when shown; the layout is due now.
+    if (changed && testAttribute(Qt::WA_PendingResizeEvent) && started_ && !inResize_) {
+        inResize_ = true;
+        Resize();
+        inResize_ = false;
+    }
 }
 void ControlBase::setLeft(qint32 twips) {
     move(TwipsToPixels(twips), y());

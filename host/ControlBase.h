@@ -101,6 +101,8 @@ public:
     void setWidth(qint32 twips);
     qint32 Height() const { return PixelsToTwips(height()); }
     void setHeight(qint32 twips);
+    // Resizes in pixels and lays the constituents out at once, shown or not.
+    void resizeNow(const QSize& size);
     qint32 Left() const { return PixelsToTwips(x()); }
     void setLeft(qint32 twips);
     qint32 Top() const { return PixelsToTwips(y()); }
