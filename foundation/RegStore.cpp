@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <array>
 
-#include "foundation/Clock.h"
+#include "foundation/DateText.h"
 #include "foundation/IniFileError.h"
 #include "foundation/LibraryFolder.h"
 #include "foundation/LibraryInfo.h"
@@ -99,11 +99,6 @@ void writeValue(quint32 root, const QString& subKey, const QString& name, const 
         backend.setValue(key, name, ToAnsi(value));
     }
     backend.closeKey(key);
-}
-
-// "dd.mm.yyyy/hh:nn:ss" of the clock's local time.
-QString nowStamp() {
-    return Clock::instance().localNow().toString(QStringLiteral("dd.MM.yyyy/hh:mm:ss"));
 }
 
 // The lines of a text as a line reader sees them: CR, LF and CR LF end a line; a last line
@@ -252,7 +247,7 @@ bool IniWrite(QString& File, const QString& Section, const QString& Key, const Q
     if (File.isEmpty()) {
         File = QDir::toNativeSeparators(LibraryFolder() + QStringLiteral("/Vorelle.ini"));
     }
-    const QString header = QStringLiteral("; last modification at ") + nowStamp() +
+    const QString header = QStringLiteral("; last modification at ") + NowStamp() +
                            QStringLiteral(" with ") + QLatin1String(kLibraryTitle) +
                            QStringLiteral(" V ") + BuildVersion() + QStringLiteral("  ") +
                            QLatin1String(kMakerLine);
