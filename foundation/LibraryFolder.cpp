@@ -1,5 +1,7 @@
 #include "foundation/LibraryFolder.h"
 
+#include "foundation/LibraryInfo.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -64,7 +66,7 @@ QString LibraryFolder() {
         }
     }
     const QString user = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
-                         QStringLiteral("/vorelle");
+                         u'/' + QLatin1String(kLibraryTitle);
     const QString folder = usable(user);
     return folder.isEmpty() ? QDir::tempPath() : folder;
 }

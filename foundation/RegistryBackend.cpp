@@ -1,9 +1,22 @@
 #include "foundation/RegistryBackend.h"
 
-#include "foundation/MemoryRegistry.h"
 #include "foundation/ServiceSlot.h"
 
+#ifdef _WIN32
+#include "foundation/WinRegistry.h"
+#else
+#include "foundation/SqliteRegistry.h"
+#endif
+
 namespace vorelle {
+
+namespace {
+#ifdef _WIN32
+using SystemRegistry = WinRegistry;
+#else
+using SystemRegistry = SqliteRegistry;
+#endif
+}  // namespace
 
 RegistryBackend::~RegistryBackend() = default;
 
@@ -13,6 +26,6 @@ long RegistryBackend::end() {
     return REG_SUCCESS;
 }
 
-VORELLE_DEFINE_SERVICE(RegistryBackend, MemoryRegistry)
+VORELLE_DEFINE_SERVICE(RegistryBackend, SystemRegistry)
 
 }  // namespace vorelle
