@@ -96,6 +96,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "05.03.2005 08:05:09"},
         ParseCase{Machine::Germany, "2005-03-05", at(2005, 3, 5), "2005-03-05"},
         ParseCase{Machine::Germany, "5.3.", at(2005, 3, 5), "5.3."},
+        // A number above 31 can only be the year, wherever it stands.
+        ParseCase{Machine::Germany, "45.3.5", at(1945, 3, 5), "45.3.5"},
+        ParseCase{Machine::Germany, "5 Dez 45", at(1945, 12, 5), "5 Dez 45"},
+        ParseCase{Machine::Germany, "20 Dez 5", at(2005, 12, 20), "20 Dez 5"},
         ParseCase{Machine::Germany, "3.2005", at(2005, 3, 1), "3.2005"},
         ParseCase{Machine::Germany, "1.1.1899", at(1899, 1, 1), "1.1.1899"},
         ParseCase{Machine::Germany, "garbage", kFallback, "garbage"},
