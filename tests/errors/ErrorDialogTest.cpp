@@ -4,6 +4,7 @@
 #include "errors/ScopedLanguage.h"
 #include "host/ErrorDialog.h"
 #include "support/Doubles.h"
+#include "support/QtPrinters.h"
 #include "support/ScopedLogFolder.h"
 
 namespace vorelle::test {

@@ -8,6 +8,7 @@
 
 #include "foundation/Logs.h"
 #include "support/Doubles.h"
+#include "support/QtPrinters.h"
 #include "support/ScopedLogFolder.h"
 
 namespace vorelle::test {

@@ -1,0 +1,174 @@
+#include "host/SystemMenu.h"
+
+#include <cmath>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include "foundation/Language.h"
+#include "foundation/RegStore.h"
+#include "host/ControlBase.h"
+#include "host/Environment.h"
+#include "host/Form.h"
+#include "host/WindowCommandEvent.h"
+
+namespace vorelle {
+
+namespace {
+
+constexpr char kEntryMark[] = "vorelleWindowCommand";
+
+QAction* addEntry(Form* form, const QString& name, const QString& text, int command,
+                  const QKeySequence& keys) {
+    auto* action = new QAction(text, form);
+    action->setObjectName(name);
+    action->setProperty(kEntryMark, command);
+    if (command == 0) {
+        action->setSeparator(true);
+    } else {
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WindowShortcut);
+        QObject::connect(action, &QAction::triggered, form, [form, command]() {
+            WindowCommandEvent event(command);
+            QCoreApplication::sendEvent(form, &event);
+        });
+    }
+    form->addAction(action);
+    return action;
+}
+
+// A stored twips value, or the fallback when the text holds no number.
+int twipsOf(const QString& text, int fallback) {
+    bool ok = false;
+    const double value = text.trimmed().toDouble(&ok);
+    return ok ? static_cast<int>(value) : fallback;
+}
+
+}  // namespace
+
+void SystemMenuRebuild(Form* form) {
+    if (!form) {
+        return;
+    }
+    SystemMenuClear(form);
+    // The separator's "-" is the flag of the action here; a text would be drawn beside it.
+    addEntry(form, QStringLiteral("sep1"), QString(), 0, {});
+    if (HasMultipleMonitors()) {
+        addEntry(form, QStringLiteral("nextmonitor"),
+                 LangText(QStringLiteral("Auf anderem Monitor darstellen \t(Strg+F11)"),
+                          QStringLiteral("Display on other monitor \t(Ctrl+F11)")),
+                 kWindowCommandNextMonitor, QKeySequence(Qt::CTRL | Qt::Key_F11));
+    }
+    addEntry(form, QStringLiteral("posreset"),
+             LangText(QStringLiteral("Fensterpositionen zurücksetzen \t(Strg+F12)"),
+                      QStringLiteral("Reset window positions \t(Ctrl+F12)")),
+             kWindowCommandPosReset, QKeySequence(Qt::CTRL | Qt::Key_F12));
+}
+
+void SystemMenuClear(Form* form) {
+    if (!form) {
+        return;
+    }
+    for (QAction* action : SystemMenuEntries(form)) {
+        form->removeAction(action);
+        action->setEnabled(false);
+        // A command may be running from this very action.
+        action->deleteLater();
+    }
+}
+
+QList<QAction*> SystemMenuEntries(const QWidget* form) {
+    QList<QAction*> entries;
+    if (!form) {
+        return entries;
+    }
+    for (QAction* action : form->actions()) {
+        if (action->property(kEntryMark).isValid()) {
+            entries.append(action);
+        }
+    }
+    return entries;
+}
+
+bool HasMultipleMonitors() {
+    return QGuiApplication::screens().size() >= 2;
+}
+
+QPoint CentredPlace(const QRect& area, QSize& frame, bool& Changed) {
+    Changed = false;
+    if (area.width() < frame.width()) {
+        frame.setWidth(area.width());
+        Changed = true;
+    }
+    if (area.height() < frame.height()) {
+        frame.setHeight(area.height());
+        Changed = true;
+    }
+    const double x = area.left() + area.width() / 2.0 - frame.width() / 2.0;
+    const double y = area.top() + area.height() / 2.0 - frame.height() / 2.0;
+    // Halves go to the even neighbour.
+    return {static_cast<int>(std::nearbyint(x)), static_cast<int>(std::nearbyint(y))};
+}
+
+void WindowToNextScreen(QWidget* window) {
+    if (!window) {
+        return;
+    }
+    window = window->window();
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    if (screens.isEmpty()) {
+        return;
+    }
+    const qsizetype current = std::max<qsizetype>(screens.indexOf(window->screen()), 0);
+    const QRect area = screens[(current + 1) % screens.size()]->availableGeometry();
+    const QRect outer = window->frameGeometry();
+    const QSize margins = outer.size() - window->size();
+    QSize frame = outer.size();
+    bool changed = false;
+    const QPoint place = CentredPlace(area, frame, changed);
+    if (window->isMinimized() || window->isMaximized()) {
+        window->showNormal();
+    }
+    if (changed) {
+        window->resize(frame - margins);
+    }
+    window->move(place);
+    window->show();
+}
+
+void WindowPlaceReset(QWidget* window, const QString& FormName) {
+    if (!window || FormName.isEmpty()) {
+        return;
+    }
+    const QString program = GetModuleAppName(QString());
+    const QString key = FormName + QStringLiteral("_init");
+    const QRect outer = window->frameGeometry();
+    const int left =
+        twipsOf(RegGet(program, key, QStringLiteral("Left"), QString()), PixelsToTwips(outer.x()));
+    const int top =
+        twipsOf(RegGet(program, key, QStringLiteral("Top"), QString()), PixelsToTwips(outer.y()));
+    // Width and Height are read with the place; the window keeps its size, as a reset
+    // of the window command only brings the window back to where it started.
+    RegGet(program, key, QStringLiteral("Width"), QString());
+    RegGet(program, key, QStringLiteral("Height"), QString());
+    if (window->isMinimized() || window->isMaximized()) {
+        window->showNormal();
+    }
+    window->move(TwipsToPixels(left), TwipsToPixels(top));
+    window->show();
+}
+
+void WindowPlaceSave(QWidget* window, const QString& FormName) {
+    if (!window || FormName.isEmpty()) {
+        return;
+    }
+    const QString program = GetModuleAppName(QString());
+    const QRect outer = window->frameGeometry();
+    RegSet(program, FormName, QStringLiteral("Left"), QString::number(PixelsToTwips(outer.x())));
+    RegSet(program, FormName, QStringLiteral("Top"), QString::number(PixelsToTwips(outer.y())));
+}
+
+}  // namespace vorelle

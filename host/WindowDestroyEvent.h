@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QEvent>
+#include <QtGlobal>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+// The last message a window procedure gets: the hooked widget is going away. It carries
+// the hwnd the hook was made under, since the dying widget can no longer be asked.
+class VORELLE_EXPORT WindowDestroyEvent : public QEvent {
+public:
+    explicit WindowDestroyEvent(qint32 hwnd);
+    ~WindowDestroyEvent() override;
+
+    qint32 hwnd() const { return hwnd_; }
+
+    static QEvent::Type eventType();
+
+private:
+    qint32 hwnd_;
+};
+
+}  // namespace vorelle
