@@ -20,10 +20,9 @@ VORELLE_EXPORT QString ErrDescription();
 VORELLE_EXPORT void ErrRaise(int number, const QString& description = QString());
 VORELLE_EXPORT void ErrClear();
 
-// The folder that holds error.log and debug.log: VORELLE_LIBRARY_DIR when set, else the
-// folder of the library's own file where writable, else a per-user folder.
+// The folder that holds error.log and debug.log: the library's folder (LibraryFolder()).
 VORELLE_EXPORT QString LogFolder();
-// The stamp that starts each log line, "dd.mm.yyyy/hh:nn:ss.mmm/GMT+hh:mm", from the Clock.
+// The stamp that starts each log line: DatumHeute, "/", ZeitstempelMs, "/", GmtOffset(True).
 VORELLE_EXPORT QString LogStamp();
 
 // Append one line to error.log / debug.log in the library's folder. A log that cannot be

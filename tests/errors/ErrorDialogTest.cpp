@@ -204,7 +204,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, ErrorTextLanguages,
                                            SplitCase{"fr", "Text-en", "Hint"}));
 
 TEST_F(ErrorDialogTest, AnUnwritableLogStillShowsTheBox) {
-    ScopedLogFolder::setFolder(logs.path() + QStringLiteral("/missing"));
+    ScopedLogFolder::setFolder(QStringLiteral("/proc"));
     box.answers = {4};
     EXPECT_EQ(
         ErrorDialog(QStringLiteral("Fn"), QStringLiteral("E"), 1, QString(), QString(), false, 5),

@@ -126,7 +126,7 @@ TEST_F(Logs, DebugWithAPendingErrorAlsoLogsTheError) {
 }
 
 // Every way a log can fail to be written gives false and leaves the host running.
-enum class Broken { MissingFolder, FolderOfNoFiles, LogIsAFolder, DiskFull, ReadOnlyFolder };
+enum class Broken { ReadOnlySystemFolder, LogIsAFolder, DiskFull, ReadOnlyByPermissions };
 
 class UnwritableLogs : public ::testing::TestWithParam<Broken> {};
 
@@ -134,12 +134,8 @@ TEST_P(UnwritableLogs, GiveFalseWithoutThrowing) {
     FakeClock clock;
     ScopedService<Clock> scope(clock);
     ScopedLogFolder logs;
-    QTemporaryDir other;
     switch (GetParam()) {
-        case Broken::MissingFolder:
-            ScopedLogFolder::setFolder(other.path() + QStringLiteral("/gone/deeper"));
-            break;
-        case Broken::FolderOfNoFiles:
+        case Broken::ReadOnlySystemFolder:
             ScopedLogFolder::setFolder(QStringLiteral("/proc"));
             break;
         case Broken::LogIsAFolder:
@@ -153,7 +149,7 @@ TEST_P(UnwritableLogs, GiveFalseWithoutThrowing) {
             ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), logs.path() + "/error.log"));
             ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), logs.path() + "/debug.log"));
             break;
-        case Broken::ReadOnlyFolder:
+        case Broken::ReadOnlyByPermissions:
             if (geteuid() == 0) {
                 GTEST_SKIP() << "the super user writes into read-only folders";
             }
@@ -172,17 +168,18 @@ TEST_P(UnwritableLogs, GiveFalseWithoutThrowing) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Failures, UnwritableLogs,
-                         ::testing::Values(Broken::MissingFolder, Broken::FolderOfNoFiles,
-                                           Broken::LogIsAFolder, Broken::DiskFull,
-                                           Broken::ReadOnlyFolder));
+                         ::testing::Values(Broken::ReadOnlySystemFolder, Broken::LogIsAFolder,
+                                           Broken::DiskFull, Broken::ReadOnlyByPermissions));
 
-TEST(LogFolder, FallsBackToTheLibrarysOwnFolderOrTheUsersFolder) {
+TEST(LogFolder, AMissingFolderIsMadeForTheFirstLine) {
+    FakeClock clock;
+    ScopedService<Clock> scope(clock);
     ScopedLogFolder logs;
-    qunsetenv("VORELLE_LIBRARY_DIR");
-    const QString folder = LogFolder();
-    EXPECT_FALSE(folder.isEmpty());
-    EXPECT_TRUE(QFileInfo(folder).isDir());
-    EXPECT_TRUE(QFileInfo(folder).isWritable());
+    const QString folder = logs.path() + QStringLiteral("/not/yet");
+    ScopedLogFolder::setFolder(folder);
+    EXPECT_TRUE(LogError(QStringLiteral("first"), QStringLiteral("F"), QStringLiteral("LZF")));
+    EXPECT_EQ(LogFolder(), folder);
+    EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/error.log")));
 }
 
 }  // namespace
