@@ -778,7 +778,10 @@ qint32 GetSysColor(int Index) {
         return 0;
     }
     if (SysColorFunction f = sysColorFunction()) {
-        return f(Index);
+        const qint32 colour = f(Index);
+        if (colour >= 0) {
+            return colour;
+        }
     }
     return kClassicSysColors[Index];
 }

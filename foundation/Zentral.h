@@ -76,8 +76,8 @@ VORELLE_EXPORT qint32 SysColorResolve(qint32 Colour);
 // The system colour of an index 0..30 as red + 256 * green + 65536 * blue; 0 for other
 // indices. Without a window system the classic colours stand in.
 VORELLE_EXPORT qint32 GetSysColor(int Index);
-// Where the window system's colours come from; the widgets side sets this. Returns the
-// previous function.
+// Where the window system's colours come from; the widgets side sets this. The function
+// gives -1 when it cannot tell (no window system yet). Returns the previous function.
 using SysColorFunction = qint32 (*)(int index);
 VORELLE_EXPORT SysColorFunction SetSysColorFunction(SysColorFunction function);
 VORELLE_EXPORT int HexByteHigh(const QString& Text);

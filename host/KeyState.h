@@ -1,6 +1,12 @@
 #pragma once
 
+#include <QObject>
+#include <QPointer>
+#include <QSet>
+
 #include "foundation/Export.h"
+
+class QCoreApplication;
 
 namespace vorelle {
 
@@ -13,6 +19,36 @@ public:
 
     static KeyState& instance();
     static KeyState* setInstance(KeyState* state);
+};
+
+// The system's key state: watches every key and mouse button event of the application
+// through an application-wide event filter. Keys go down on press and up on release,
+// Shift, Ctrl and Alt also follow the modifiers of each key and mouse event, and
+// everything is up again when the application loses activation. The system instance
+// installs its filter as soon as the application object exists.
+class VORELLE_EXPORT SystemKeyState : public QObject, public KeyState {
+public:
+    SystemKeyState();
+    ~SystemKeyState() override;
+
+    bool isDown(int virtualKey) const override;
+    // Installs the filter on the current application object, once per application.
+    void attach();
+    // Forgets every key that is down.
+    void releaseAll();
+
+    // The instance that instance() gives when no other one is in place.
+    static SystemKeyState& system();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void setDown(int virtualKey, bool down);
+    void followModifiers(Qt::KeyboardModifiers modifiers);
+
+    QSet<int> down_;
+    QPointer<QCoreApplication> attachedTo_;
 };
 
 }  // namespace vorelle
