@@ -263,6 +263,29 @@ void stripControls(UiNode& node) {
     }
 }
 
+// A property of the form class itself (BackColor, BorderStyle, KeyPreview, ...): Qt's
+// loader knows only QWidget's, so the loader converts these.
+struct FormProperty {
+    QByteArray name;
+    QVariant value;
+    const UiNode* node;
+};
+
+QList<FormProperty> formProperties(const Form& form, const UiNode& top, const QString& file) {
+    QList<FormProperty> result;
+    for (const UiNode& c : top.children) {
+        if (c.tag != kProperty) {
+            continue;
+        }
+        const QMetaProperty target = findProperty(form.metaObject(), c.attribute(kName));
+        if (target.isValid() &&
+            target.propertyIndex() >= QWidget::staticMetaObject.propertyCount()) {
+            result.append({QByteArray(target.name()), UiValue::read(c, target, file), &c});
+        }
+    }
+    return result;
+}
+
 // Qt's loader with the library's controls created by type and the top widget being
 // the form itself.
 class Builder : public QUiLoader {
@@ -345,8 +368,16 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
     QList<ControlSpec> controls;
     const UiNode& top = Checker(doc, controls).check(doc.root);
 
+    const QList<FormProperty> ownProperties = formProperties(form, top, doc.file);
     UiDocument stripped = doc;
     stripControls(stripped.root);
+    std::erase_if(stripped.root.child(kWidget)->children, [&](const UiNode& c) {
+        return c.tag == kProperty &&
+               std::any_of(ownProperties.begin(), ownProperties.end(), [&](const FormProperty& p) {
+                   return c.attribute(kName).compare(QLatin1String(p.name), Qt::CaseInsensitive) ==
+                          0;
+               });
+    });
     QByteArray xml = stripped.toXml();
     QBuffer buffer(&xml);
     buffer.open(QIODevice::ReadOnly);
@@ -361,6 +392,14 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
             throw UiFileError(QStringLiteral("%1: the form could not be built: %2")
                                   .arg(doc.file, builder.errorString()),
                               doc.file, 0);
+        }
+        for (const FormProperty& p : ownProperties) {
+            if (!form.setProperty(p.name.constData(), p.value)) {
+                fail(doc.file, *p.node,
+                     QStringLiteral("the form's property '%1' does not take '%2'")
+                         .arg(QLatin1String(p.name), p.value.toString()),
+                     QLatin1String(p.name));
+            }
         }
         QHash<ControlBase*, ControlSpec*> byWidget;
         for (ControlSpec& spec : controls) {

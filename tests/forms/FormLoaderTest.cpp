@@ -98,6 +98,7 @@ TEST_F(FormLoaderTest, BuildsPlainWidgetsAndControlsInCollectionOrder) {
     EXPECT_EQ(form->Name(), QStringLiteral("frmProbes"));
     EXPECT_EQ(form->Caption(), QStringLiteral("Proben"));
     EXPECT_EQ(form->size(), QSize(420, 300));
+    EXPECT_EQ(form->BackColor(), 0xFFF8F0);  // a property of the form class itself
     // Controls inside a group box and a frame belong to the form's collection.
     EXPECT_THAT(names(form->Controls()), ElementsAre("lblTitle", "prbOne", "grpInner", "prbTwo",
                                                      "fraInner", "prbThree", "cmdPlain"));
