@@ -1,25 +1,119 @@
+// vorelle-demo: the library's forms, built from the .ui files of apps/demo/forms.
+//   vorelle-demo                  the start form with the language switch and the list of forms
+//   vorelle-demo --screenshot DIR every form rendered offscreen in both languages to
+//                                 DIR/<form>_de.png and DIR/<form>_en.png, on a settings
+//                                 store in memory (the user's settings stay untouched)
 #include <QApplication>
 #include <QDir>
-#include <QLabel>
+#include <QFileInfo>
+#include <cstdio>
 
-#include "host/Form.h"
+#include "DemoForm.h"
+#include "DemoTexts.h"
+#include "foundation/Language.h"
+#include "foundation/LateBinding.h"
+#include "foundation/MemoryRegistry.h"
+#include "foundation/RegStore.h"
+#include "host/FormLoader.h"
+
+using namespace vorelle;
+
+namespace {
+
+const QString kStartForm = QStringLiteral(":/forms/frmDemo.ui");
+
+// Every form of the demo, the start form first, the others by name.
+QStringList demoForms() {
+    QStringList forms{kStartForm};
+    const QDir dir(QStringLiteral(":/forms"));
+    for (const QString& name : dir.entryList({QStringLiteral("*.ui")}, QDir::Files, QDir::Name)) {
+        const QString path = dir.filePath(name);
+        if (path != kStartForm) {
+            forms.append(path);
+        }
+    }
+    return forms;
+}
+
+std::unique_ptr<Form> openForm(const QString& path, const QStringList& forms) {
+    if (path == kStartForm) {
+        auto start = std::make_unique<demo::DemoForm>(forms.mid(1));
+        FormLoader::loadInto(*start, path);
+        return start;
+    }
+    std::unique_ptr<Form> form = FormLoader::load(path);
+    demo::ApplyFormTexts(form.get());
+    return form;
+}
+
+int screenshots(const QString& dir) {
+    MemoryRegistry store;
+    RegistryBackend* previous = RegistryBackend::setInstance(&store);
+    if (!QDir().mkpath(dir)) {
+        std::fprintf(stderr, "vorelle-demo: cannot create %s\n", qPrintable(dir));
+        RegistryBackend::setInstance(previous);
+        return 1;
+    }
+    int failures = 0;
+    const QStringList forms = demoForms();
+    for (const QString& path : forms) {
+        const QString base = QFileInfo(path).completeBaseName();
+        std::unique_ptr<Form> form;
+        try {
+            form = openForm(path, forms);
+        } catch (const UiFileError& e) {
+            std::fprintf(stderr, "vorelle-demo: %s\n", e.what());
+            ++failures;
+            continue;
+        }
+        form->show();
+        for (const QString& language : {QStringLiteral("de"), QStringLiteral("en")}) {
+            demo::SwitchLanguage(language);
+            LateCall(form.get(), "LanguageChanged");
+            QApplication::processEvents();
+            const QString file =
+                QDir(dir).filePath(base + u'_' + language + QStringLiteral(".png"));
+            if (!form->grab().save(file)) {
+                std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+                ++failures;
+            }
+        }
+    }
+    RegistryBackend::setInstance(previous);
+    return failures == 0 ? 0 : 1;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
+    bool shot = false;
+    for (int i = 1; i < argc; ++i) {
+        shot = shot || QByteArray(argv[i]) == "--screenshot";
+    }
+    if (shot && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("VorelleDemo"));
-    vorelle::Form form;
-    form.setName(QStringLiteral("frmDemo"));
-    form.setCaption(QStringLiteral("Vorelle"));
-    auto* label = new QLabel(QStringLiteral("Vorelle"), &form);
-    label->move(20, 20);
-    form.resize(320, 200);
     const QStringList args = QApplication::arguments();
-    const int shot = static_cast<int>(args.indexOf(QStringLiteral("--screenshot")));
-    if (shot >= 0 && shot + 1 < args.size()) {
-        QDir().mkpath(args.at(shot + 1));
-        form.grab().save(args.at(shot + 1) + QStringLiteral("/frmDemo.png"));
-        return 0;
+    const qsizetype at = args.indexOf(QStringLiteral("--screenshot"));
+    if (at >= 0) {
+        if (at + 1 >= args.size()) {
+            std::fprintf(stderr, "usage: vorelle-demo [--screenshot DIR]\n");
+            return 2;
+        }
+        return screenshots(args.at(at + 1));
     }
-    form.show();
+
+    LanguageLoad();
+    const QStringList forms = demoForms();
+    std::unique_ptr<Form> start;
+    try {
+        start = openForm(kStartForm, forms);
+    } catch (const UiFileError& e) {
+        std::fprintf(stderr, "vorelle-demo: %s\n", e.what());
+        return 1;
+    }
+    start->show();
     return QApplication::exec();
 }

@@ -1,0 +1,85 @@
+#include "DemoForm.h"
+
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "DemoTexts.h"
+#include "foundation/Language.h"
+#include "host/FormLoader.h"
+#include "host/MessageBox.h"
+
+namespace vorelle::demo {
+
+DemoForm::DemoForm(QStringList formFiles, QWidget* parent)
+    : Form(parent), formFiles_(std::move(formFiles)) {}
+
+void DemoForm::Form_Load2() {
+    ApplyFormTexts(this);
+    auto* german = findChild<QRadioButton*>(QStringLiteral("optDeutsch"));
+    auto* english = findChild<QRadioButton*>(QStringLiteral("optEnglish"));
+    if (german && english) {
+        connect(german, &QRadioButton::toggled, this, [](bool on) {
+            if (on) {
+                SwitchLanguage(QStringLiteral("de"));
+            }
+        });
+        connect(english, &QRadioButton::toggled, this, [](bool on) {
+            if (on) {
+                SwitchLanguage(QStringLiteral("en"));
+            }
+        });
+    }
+    if (auto* list = findChild<QListWidget*>(QStringLiteral("lstFormulare"))) {
+        connect(list, &QListWidget::itemActivated, this,
+                [this](QListWidgetItem* item) { openForm(item->data(Qt::UserRole).toString()); });
+        if (auto* open = findChild<QPushButton*>(QStringLiteral("cmdOeffnen"))) {
+            connect(open, &QPushButton::clicked, this, [this, list] {
+                if (QListWidgetItem* item = list->currentItem()) {
+                    openForm(item->data(Qt::UserRole).toString());
+                }
+            });
+        }
+    }
+    LanguageChanged();
+}
+
+void DemoForm::LanguageChanged() {
+    auto* german = findChild<QRadioButton*>(QStringLiteral("optDeutsch"));
+    auto* english = findChild<QRadioButton*>(QStringLiteral("optEnglish"));
+    if (german && english) {
+        const QSignalBlocker blockGerman(german);
+        const QSignalBlocker blockEnglish(english);
+        german->setChecked(IsGerman());
+        english->setChecked(!IsGerman());
+    }
+    fillList();
+}
+
+void DemoForm::fillList() {
+    auto* list = findChild<QListWidget*>(QStringLiteral("lstFormulare"));
+    if (!list) {
+        return;
+    }
+    const int current = list->currentRow();
+    list->clear();
+    for (const QString& path : formFiles_) {
+        auto* item = new QListWidgetItem(FormCaption(path), list);
+        item->setData(Qt::UserRole, path);
+    }
+    list->setCurrentRow(current >= 0 ? current : 0);
+}
+
+void DemoForm::openForm(const QString& path) {
+    try {
+        std::unique_ptr<Form> form = FormLoader::load(path);
+        ApplyFormTexts(form.get());
+        form->setAttribute(Qt::WA_DeleteOnClose);
+        form.release()->show();
+    } catch (const UiFileError& e) {
+        MsgBox(e.message(), 16,
+               LangText(QStringLiteral("Formular öffnen"), QStringLiteral("Open form")));
+    }
+}
+
+}  // namespace vorelle::demo

@@ -1,0 +1,76 @@
+#include "DemoTexts.h"
+
+#include <QFileInfo>
+#include <QWidget>
+
+#include "foundation/Language.h"
+#include "foundation/LateBinding.h"
+#include "foundation/RegStore.h"
+#include "host/ControlBase.h"
+#include "host/Form.h"
+#include "host/UiDocument.h"
+
+namespace vorelle::demo {
+
+namespace {
+
+void applyTo(QWidget* w) {
+    if (qobject_cast<ControlBase*>(w)) {
+        return;  // controls keep their own texts
+    }
+    for (const QByteArray& name : w->dynamicPropertyNames()) {
+        if (!name.endsWith("_de")) {
+            continue;
+        }
+        const QByteArray base = name.left(name.size() - 3);
+        const QByteArray chosen = IsGerman() ? name : base + "_en";
+        const QVariant text = w->property(chosen.constData());
+        if (text.isValid()) {
+            w->setProperty(base.constData(), text);
+        }
+    }
+}
+
+}  // namespace
+
+void ApplyFormTexts(QWidget* root) {
+    applyTo(root);
+    for (QWidget* w : root->findChildren<QWidget*>()) {
+        applyTo(w);
+    }
+}
+
+void SwitchLanguage(const QString& language) {
+    RegSetApp(QStringLiteral("Config"), QStringLiteral("Sprache"), language);
+    LanguageLoad();
+    for (Form* form : Form::loadedForms()) {
+        for (QWidget* control : form->Controls()) {
+            if (qobject_cast<ControlBase*>(control)) {
+                LateCall(control, "Refresh");
+            }
+        }
+        ApplyFormTexts(form);
+    }
+}
+
+QString FormCaption(const QString& path) {
+    const QString fallback = QFileInfo(path).completeBaseName();
+    try {
+        const UiDocument doc = UiDocument::read(path);
+        const UiNode* top = doc.root.child(QStringLiteral("widget"));
+        const UiNode* caption = top ? top->property(IsGerman() ? QStringLiteral("Caption_de")
+                                                               : QStringLiteral("Caption_en"))
+                                    : nullptr;
+        if (!caption && top) {
+            caption = top->property(QStringLiteral("windowTitle"));
+        }
+        if (caption && caption->children.size() == 1 && !caption->children.front().text.isEmpty()) {
+            return caption->children.front().text;
+        }
+    } catch (const std::exception&) {
+        // a damaged file shows under its name; opening it reports the fault
+    }
+    return fallback;
+}
+
+}  // namespace vorelle::demo
