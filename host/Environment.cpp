@@ -22,7 +22,13 @@
 #include "host/WindowHandle.h"
 
 #ifdef Q_OS_WIN
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
 #include <windows.h>
+#ifdef _MSC_VER
+#pragma comment(lib, "version.lib")
+#endif
 #endif
 
 // Offers a key press to the application's shortcuts (QShortcut, menu accelerators) before

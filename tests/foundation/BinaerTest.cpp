@@ -50,6 +50,9 @@ TEST(Binaer, AsciiUsesTheAnsiCode) {
     EXPECT_EQ(AsciiToBin("Aä"), "0100000111100100");
     EXPECT_EQ(AsciiToBin(""), "");
     EXPECT_EQ(BinToAscii("0100000111100100"), "Aä");
+    // Windows-1252, not Latin-1: the euro sign is 0x80, the en dash 0x96.
+    EXPECT_EQ(AsciiToBin(QStringLiteral("€–")), "1000000010010110");
+    EXPECT_EQ(BinToAscii("1000000010010110"), QStringLiteral("€–"));
     const QString text = QStringLiteral("Kennwort ÄÖÜß 123 !§$");
     EXPECT_EQ(BinToAscii(AsciiToBin(text)), text);
 }

@@ -193,6 +193,25 @@ TEST(Psl, SortOfManyItemsIsOrderedAndComplete) {
     EXPECT_EQ(sorted, expected);
 }
 
+TEST(Psl, ItemsOfALongListMatchTheSplit) {
+    // Items of varied length, empty ones and delimiters at block edges included.
+    QStringList source;
+    for (int i = 0; i < 700; ++i) {
+        source << (i % 13 == 0 ? QString() : QString(i % 70, QChar(u'a' + i % 26)));
+    }
+    const QString list = source.join(u'|');
+    ASSERT_EQ(PslCount(list), source.size());
+    for (int i = 0; i < source.size(); ++i) {
+        ASSERT_EQ(PslItem(list, i + 1), source[i]) << i;
+    }
+    EXPECT_EQ(PslItem(list, static_cast<int>(source.size()) + 1), "");
+    EXPECT_EQ(TokenGet(list + u'|', "|", static_cast<int>(source.size()) + 1), "");
+    EXPECT_EQ(TokenGet(list + u'|', "|", static_cast<int>(source.size()) + 2), "");
+    EXPECT_EQ(PslItem(QString(200, u'|'), 201), "");
+    EXPECT_EQ(PslItem(QString(200, u'|') + "x", 201), "x");
+    EXPECT_EQ(PslItem(QString(200, u'|') + "x", 202), "");
+}
+
 // --- Strings -------------------------------------------------------------------------------
 
 TEST(Strings, Substring) {
