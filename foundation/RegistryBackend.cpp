@@ -26,6 +26,8 @@ long RegistryBackend::end() {
     return REG_SUCCESS;
 }
 
+void RegistryBackend::cancel() {}
+
 VORELLE_DEFINE_SERVICE(RegistryBackend, SystemRegistry)
 
 }  // namespace vorelle

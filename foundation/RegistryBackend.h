@@ -26,6 +26,7 @@ enum RegStatus : long {
     REG_BADDB = 1009,        // the store's file is damaged or no store at all
     REG_KEY_DELETED = 1018,  // the key of the handle was deleted meanwhile
     REG_IO_FAILED = 1016,    // the store could not be read or written (busy, full, locked)
+    REG_CANCELLED = 1223,    // the group was cancelled and undone
 };
 
 using RegHandle = quintptr;  // 0 is no key
@@ -60,6 +61,9 @@ public:
     // Ends the group begun last. The outermost end() gives REG_SUCCESS when the group took
     // effect, otherwise the status of the first failure in it.
     virtual long end();
+    // Marks the running group to be undone at its outermost end(), which then gives
+    // REG_CANCELLED. Without a running group, or on a backend without transactions, nothing.
+    virtual void cancel();
 
     static RegistryBackend& instance();
     static RegistryBackend* setInstance(RegistryBackend* backend);

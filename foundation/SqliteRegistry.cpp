@@ -611,4 +611,10 @@ long SqliteRegistry::end() {
     return db_->end();
 }
 
+void SqliteRegistry::cancel() {
+    if (db_->depth_ > 0 && db_->failure_ == REG_SUCCESS) {
+        db_->failure_ = REG_CANCELLED;
+    }
+}
+
 }  // namespace vorelle

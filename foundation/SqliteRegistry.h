@@ -42,6 +42,7 @@ public:
     long enumValues(RegHandle key, QStringList* names) override;
     void begin(bool write) override;
     long end() override;
+    void cancel() override;
 
 private:
     class Database;
