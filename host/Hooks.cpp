@@ -297,7 +297,10 @@ bool WMPROC_Control(QWidget* widget, QEvent* event) {
 bool WMPROC_Form(QWidget* widget, QEvent* event) {
     switch (event->type()) {
         case QEvent::Move:
-            if (widget->isWindow()) {
+            // Only a normal window's place is its own; maximising moves it too.
+            if (widget->isWindow() &&
+                !(widget->windowState() &
+                  (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen))) {
                 WindowPlaceSave(widget, HookObjectName(HwndOf(widget)));
             }
             return false;

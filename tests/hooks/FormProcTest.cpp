@@ -70,6 +70,16 @@ TEST_F(FormProc, MovingWritesThePlaceAtOnce) {
     EXPECT_EQ(stored(QStringLiteral("frmMain"), QStringLiteral("Width")), "none");
 }
 
+TEST_F(FormProc, MaximisingKeepsTheNormalPlace) {
+    form->move(120, 45);
+    const QString left = stored(QStringLiteral("frmMain"), QStringLiteral("Left"));
+    form->showMaximized();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(form->isMaximized());
+    EXPECT_EQ(stored(QStringLiteral("frmMain"), QStringLiteral("Left")), left);
+    EXPECT_EQ(left, QString::number(PixelsToTwips(120 + form->frameGeometry().x() - form->x())));
+}
+
 TEST_F(FormProc, AnUnhookedFormWritesNothing) {
     Form other;
     other.setName(QStringLiteral("frmOther"));
