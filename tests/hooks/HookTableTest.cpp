@@ -159,10 +159,15 @@ TEST_F(HookTable, FailuresAreLoggedAndGiveZero) {
     EXPECT_EQ(Hook(&source, &WMPROC_Control, QStringLiteral("txt")), 0);
     EXPECT_EQ(Hook(nullptr, &WMPROC_Control, QStringLiteral("txt")), 0);
     EXPECT_EQ(Unhook(4711), 0);
+    // A handle that names no window.
+    QObject stale;
+    stale.setObjectName(QStringLiteral("txtGone"));
+    stale.setProperty("hwnd", 999);
+    EXPECT_EQ(Hook(&stale, &WMPROC_Control, QStringLiteral("txt")), 0);
     EXPECT_EQ(HookCount(), 0);
 
     const QStringList lines = logs.lines();
-    ASSERT_EQ(lines.size(), 4);
+    ASSERT_EQ(lines.size(), 5);
     const QString stamp = QStringLiteral("05.03.2005/08:05:09.042/GMT+01:00@Vorelle V 6.71.285@");
     EXPECT_EQ(lines[0], stamp + "Hook@: '' (0) - DebugInfo: txtName.Zentral:0is empty..");
     EXPECT_EQ(lines[1],
@@ -171,6 +176,9 @@ TEST_F(HookTable, FailuresAreLoggedAndGiveZero) {
     EXPECT_EQ(lines[3], stamp +
                             "Unhook@: '' (0) - DebugInfo: can't unhook hwnd 4711: not found in "
                             "Dictionary.");
+    EXPECT_EQ(lines[4], stamp + QStringLiteral("Hook@: '' (0) - DebugInfo: Can't hook txtGone to "
+                                               "Proc @%1.")
+                                    .arg(ProcId(&WMPROC_Control)));
 }
 
 TEST_F(HookTable, HookWritesADebugLineWhileDebugging) {
