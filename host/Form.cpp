@@ -247,9 +247,12 @@ void Form::runLoad() {
     LateCall(this, "Form_Load2");
 }
 
-void Form::showEvent(QShowEvent* event) {
-    runLoad();
-    QWidget::showEvent(event);
+void Form::setVisible(bool visible) {
+    // Load comes before the first Resize and Activate of a shown form.
+    if (visible && !loadRan_) {
+        runLoad();
+    }
+    QWidget::setVisible(visible);
 }
 
 bool Form::UnloadForm() {

@@ -101,6 +101,7 @@ public:
     // Unloads the form from code: QueryUnload with UnloadMode 1, Unload, then the form
     // closes. False when a handler cancelled.
     Q_INVOKABLE bool UnloadForm();
+    void setVisible(bool visible) override;
 
     // Every form that is loaded in the process, oldest first.
     static QList<Form*> loadedForms();
@@ -117,7 +118,6 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

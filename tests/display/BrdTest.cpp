@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QLabel>
 
 #include "display/brd.h"
 #include "host/Form.h"
@@ -27,8 +28,8 @@ protected:
 };
 
 struct Geometry {
-    qint32 width, height;      // of the control, twips
-    qint32 shapeW, shapeH;     // of both shapes, twips
+    qint32 width, height;   // of the control, twips
+    qint32 shapeW, shapeH;  // of both shapes, twips
 };
 
 class BrdGeometryTest : public BrdTest, public ::testing::WithParamInterface<Geometry> {};
@@ -83,6 +84,34 @@ TEST_F(BrdTest, DrawsTwoOutlinesAndLetsTheFormShowThrough) {
     EXPECT_EQ(image.pixelColor(o + QPoint(99, 0)), formColor);   // corner left free
     if (const QByteArray dir = qgetenv("VORELLE_SHOTS"); !dir.isEmpty()) {
         image.save(QString::fromLocal8Bit(dir) + QStringLiteral("/brd.png"));
+    }
+}
+
+TEST_F(BrdTest, SeveralBordersOverOtherControlsLeaveThemVisible) {
+    form.setBackColor(static_cast<qint32>(0x8000000F));
+    auto* label = new QLabel(QStringLiteral("Vorelle"), &form);
+    label->setGeometry(30, 30, 80, 20);
+    border->startFrom(PropertyBag());
+    border->setGeometry(20, 20, 120, 40);
+    PropertyBag red;
+    red.insert(QStringLiteral("BackColor"), OleRgb(200, 0, 0));
+    red.insert(QStringLiteral("ForeColor"), OleRgb(255, 255, 160));
+    auto* second = new brd(&form);
+    second->startFrom(red);
+    second->setGeometry(10, 70, 180, 40);
+    auto* third = new brd(&form);
+    third->startFrom(PropertyBag());
+    third->setGeometry(150, 10, 40, 50);
+    form.show();
+    const QImage image = form.grab().toImage();
+    EXPECT_EQ(image.pixelColor(10 + 1, 70 + 1), QColor(200, 0, 0));
+    EXPECT_EQ(image.pixelColor(10, 70), QColor(255, 255, 160));
+    // The label under the first border still shows its text inside the frame.
+    const QImage labelOnly = label->grab().toImage();
+    EXPECT_EQ(image.copy(30, 30, 80, 20), labelOnly.convertToFormat(image.format()));
+    if (const QByteArray dir = qgetenv("VORELLE_SHOTS"); !dir.isEmpty()) {
+        image.scaled(image.size() * 3)
+            .save(QString::fromLocal8Bit(dir) + QStringLiteral("/brd-form.png"));
     }
 }
 
