@@ -1,5 +1,7 @@
 #include "foundation/Zentral.h"
 
+#include <charconv>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -158,6 +160,13 @@ bool sortRangeValid(const QList<T>& a, int first, int last) {
     return first >= 0 && last < a.size() && first < last;
 }
 
+// printf-style text of a double, independent of the C locale of the process.
+QString cText(double value, std::chars_format format, int precision) {
+    char buf[400];
+    const auto result = std::to_chars(buf, buf + sizeof buf, value, format, precision);
+    return QString::fromLatin1(buf, result.ptr - buf);
+}
+
 // The fixed-point text of a double with at most 15 significant digits (the precision the
 // host prints) and at most 17 decimals; no exponent, no trailing zeros, "." as separator.
 QString fixedText(double value) {
@@ -167,9 +176,7 @@ QString fixedText(double value) {
     if (value == 0) {
         return QStringLiteral("0");
     }
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.14e", value);
-    QString s = QString::fromLatin1(buf);
+    QString s = cText(value, std::chars_format::scientific, 14);
     const bool negative = s.startsWith(u'-');
     if (negative) {
         s.remove(0, 1);
@@ -180,8 +187,7 @@ QString fixedText(double value) {
     QString result;
     if (exponent < -3) {
         // Tiny values: 17 decimals already show fewer digits than the precision holds.
-        std::snprintf(buf, sizeof buf, "%.17f", std::fabs(value));
-        result = QString::fromLatin1(buf);
+        result = cText(std::fabs(value), std::chars_format::fixed, 17);
     } else if (exponent >= 0) {
         while (digits.size() < exponent + 1) {
             digits += u'0';
@@ -213,9 +219,7 @@ QString doubleText(double value, int precision) {
     if (!std::isfinite(value)) {
         return QString::number(value);
     }
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.*G", precision, value);
-    return QString::fromLatin1(buf);
+    return cText(value, std::chars_format::general, precision).toUpper();
 }
 
 double timesTen(double value, int times) {
@@ -595,7 +599,9 @@ double Val(const QString& Text) {
     if (!digits) {
         return 0;
     }
-    const double value = std::strtod(number.constData(), nullptr);
+    double value = 0;
+    std::from_chars(number.constData() + (number.startsWith('+') ? 1 : 0),
+                    number.constData() + number.size(), value);
     return value == 0 ? 0.0 : value;
 }
 
