@@ -70,23 +70,16 @@ private:
 };
 
 QString readValue(const QString& subKey, const QString& name, const QString& fallback) {
-    RegistryBackend& backend = RegistryBackend::instance();
     QString result = fallback;
-    {
-        RoutineScope scope(backend, false);
-        RegHandle key = 0;
-        if (backend.openKey(HKEY_CURRENT_USER, subKey, &key) == REG_SUCCESS) {
-            QByteArray data;
-            if (backend.queryValue(key, name, &data) == REG_SUCCESS &&
-                data.size() <= kMaxValueBytes) {
-                const qsizetype zero = data.indexOf('\0');
-                if (zero >= 0) {
-                    data.truncate(zero);
-                }
-                result = FromAnsi(data);
-            }
+    QByteArray data;
+    if (RegistryBackend::instance().readValue(HKEY_CURRENT_USER, subKey, name, &data) ==
+            REG_SUCCESS &&
+        data.size() <= kMaxValueBytes) {
+        const qsizetype zero = data.indexOf('\0');
+        if (zero >= 0) {
+            data.truncate(zero);
         }
-        backend.closeKey(key);
+        result = FromAnsi(data);
     }
     return unescapeLineEnds(result);
 }

@@ -20,6 +20,19 @@ using SystemRegistry = SqliteRegistry;
 
 RegistryBackend::~RegistryBackend() = default;
 
+long RegistryBackend::readValue(quint32 root, const QString& subKey, const QString& name,
+                                QByteArray* data) {
+    begin(false);
+    RegHandle key = 0;
+    long status = openKey(root, subKey, &key);
+    if (status == REG_SUCCESS) {
+        status = queryValue(key, name, data);
+        closeKey(key);
+    }
+    end();
+    return status;
+}
+
 void RegistryBackend::begin(bool) {}
 
 long RegistryBackend::end() {

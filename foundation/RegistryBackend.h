@@ -53,6 +53,11 @@ public:
     // The names of the values of a key, in the backend's order.
     virtual long enumValues(RegHandle key, QStringList* names) = 0;
 
+    // Reads value name of root\subKey in one step: openKey, queryValue and closeKey as
+    // one transaction. A missing key or value gives REG_FILE_NOT_FOUND.
+    virtual long readValue(quint32 root, const QString& subKey, const QString& name,
+                           QByteArray* data);
+
     // Groups the calls up to the matching end() into one transaction: all of them take
     // effect or none, and other processes see either the old or the new state. Pairs nest;
     // only the outermost pair counts. write announces that the group changes the store.

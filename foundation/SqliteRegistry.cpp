@@ -52,6 +52,7 @@ enum Statement : std::size_t {
     kDeleteValue,
     kEnumKey,
     kEnumValues,
+    kReadValue,
     kStatementCount
 };
 
@@ -73,11 +74,20 @@ constexpr std::array<const char*, kStatementCount> kSql = {
     "DELETE FROM reg_values WHERE key = ?1 AND folded = ?2",
     "SELECT name FROM reg_keys WHERE parent = ?1 ORDER BY id LIMIT 1 OFFSET ?2",
     "SELECT name FROM reg_values WHERE key = ?1 ORDER BY folded",
+    "SELECT v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
+    " WHERE k.root = ?1 AND k.folded = ?2 AND v.folded = ?3",
 };
 
 // The parts of a key path; empty parts (doubled or outer "\") are dropped.
 QStringList pathParts(const QString& subKey) {
     return subKey.split(u'\\', Qt::SkipEmptyParts);
+}
+
+// The case-folded path without empty parts; a path that has none is taken as it is.
+QString foldedPath(const QString& subKey) {
+    const bool clean = !subKey.startsWith(u'\\') && !subKey.endsWith(u'\\') &&
+                       !subKey.contains(QLatin1String("\\\\"));
+    return (clean ? subKey : pathParts(subKey).join(u'\\')).toCaseFolded();
 }
 
 QString folded(const QString& text) {
@@ -144,6 +154,9 @@ public:
     }
 
     int setUp() {
+        // Names are handed over as UTF-16: stored so, they need no conversion. (This holds
+        // for a new file only; an existing one keeps its encoding.)
+        sqlite3_exec(db_, "PRAGMA encoding = 'UTF-16le'", nullptr, nullptr, nullptr);
         // A file that is no database fails here already.
         int rc = sqlite3_exec(db_, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
         if (rc == SQLITE_OK) {
@@ -339,9 +352,9 @@ public:
     // --- keys ---------------------------------------------------------------------------
 
     // The id of a key, 0 when it is missing, -1 after a failure.
-    sqlite3_int64 findKey(quint32 root, const QString& foldedPath) {
+    sqlite3_int64 findKey(quint32 root, const QString& path) {
         Use use(*this, kFindKey);
-        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, foldedPath);
+        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, path);
         const int rc = use.step();
         if (rc == SQLITE_ROW) {
             return use.integer(0);
@@ -354,12 +367,9 @@ public:
     }
 
     sqlite3_int64 insertKey(quint32 root, sqlite3_int64 parent, const QString& name,
-                            const QString& foldedPath) {
+                            const QString& path) {
         Use use(*this, kInsertKey);
-        use.bind(1, static_cast<sqlite3_int64>(root))
-            .bind(2, parent)
-            .bind(3, name)
-            .bind(4, foldedPath);
+        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, parent).bind(3, name).bind(4, path);
         return run(use, "create key") ? sqlite3_last_insert_rowid(db_) : -1;
     }
 
@@ -411,7 +421,7 @@ long SqliteRegistry::openKey(quint32 root, const QString& subKey, RegHandle* key
     if (!group.usable()) {
         return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
     }
-    const sqlite3_int64 id = db_->findKey(root, folded(pathParts(subKey).join(u'\\')));
+    const sqlite3_int64 id = db_->findKey(root, foldedPath(subKey));
     if (id < 0) {
         return db_->failure_;
     }
@@ -429,7 +439,7 @@ long SqliteRegistry::createKey(quint32 root, const QString& subKey, RegHandle* k
         return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
     }
     const QStringList parts = pathParts(subKey);
-    QString path = folded(parts.join(u'\\'));
+    QString path = foldedPath(subKey);
     sqlite3_int64 id = db_->findKey(root, path);
     if (id == 0) {
         // Walk down from the root's own row, making what is missing.
@@ -521,7 +531,7 @@ long SqliteRegistry::deleteValue(RegHandle key, const QString& name) {
 }
 
 long SqliteRegistry::deleteKey(quint32 root, const QString& subKey) {
-    const QString path = folded(pathParts(subKey).join(u'\\'));
+    const QString path = foldedPath(subKey);
     if (path.isEmpty()) {
         return REG_ACCESS_DENIED;  // a root is not deleted
     }
@@ -601,6 +611,39 @@ long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {
         }
         names->append(use.text(0));
     }
+}
+
+long SqliteRegistry::readValue(quint32 root, const QString& subKey, const QString& name,
+                               QByteArray* data) {
+    // One statement, in its own read transaction unless a group is running.
+    Database& d = *db_;
+    if (d.depth_ == 0) {
+        d.failure_ = REG_SUCCESS;
+        if (!d.ready()) {
+            return d.broken_ ? REG_BADDB : REG_IO_FAILED;
+        }
+    } else if (!d.db_ || d.broken_ || !d.inTransaction_) {
+        return d.failure_ != REG_SUCCESS ? d.failure_ : REG_IO_FAILED;
+    }
+    long status = REG_SUCCESS;
+    {
+        Database::Use use(d, kReadValue);
+        use.bind(1, static_cast<sqlite3_int64>(root))
+            .bind(2, foldedPath(subKey))
+            .bind(3, folded(name));
+        const int rc = use.step();
+        if (rc == SQLITE_ROW) {
+            *data = use.blob(0);
+        } else if (rc == SQLITE_DONE) {
+            status = REG_FILE_NOT_FOUND;
+        } else {
+            status = d.fail(rc, "read value");
+        }
+    }
+    if (d.depth_ == 0 && d.broken_) {
+        d.close();
+    }
+    return status;
 }
 
 void SqliteRegistry::begin(bool write) {

@@ -40,6 +40,8 @@ public:
     long deleteKey(quint32 root, const QString& subKey) override;
     long enumKey(RegHandle key, quint32 index, QString* name) override;
     long enumValues(RegHandle key, QStringList* names) override;
+    long readValue(quint32 root, const QString& subKey, const QString& name,
+                   QByteArray* data) override;
     void begin(bool write) override;
     long end() override;
     void cancel() override;
