@@ -395,7 +395,7 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
         }
         for (const FormProperty& p : ownProperties) {
             if (!form.setProperty(p.name.constData(), p.value)) {
-                fail(doc.file, *p.node,
+                fail(doc.file, p.node->children.front(),
                      QStringLiteral("the form's property '%1' does not take '%2'")
                          .arg(QLatin1String(p.name), p.value.toString()),
                      QLatin1String(p.name));

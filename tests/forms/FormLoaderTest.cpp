@@ -344,7 +344,8 @@ INSTANTIATE_TEST_SUITE_P(
     WrongPropertyTypes, FormLoaderFault,
     ::testing::Values(Fault{"wrong_type.ui", 20, "Count", "control 'prbTwo' (vorelle::TestProbe)"},
                       Fault{"wrong_bool.ui", 6, "Flag",
-                            "'vielleicht', which is not a value of type bool"}));
+                            "'vielleicht', which is not a value of type bool"},
+                      Fault{"wrong_form_property.ui", 8, "BackColor", "does not take 'hellgrau'"}));
 
 TEST_F(FormLoaderTest, MissingFileIsReported) {
     const QString path = data("no_such_form.ui");
