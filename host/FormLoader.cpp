@@ -433,6 +433,12 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
                                       .arg(e.line())
                                       .arg(spec->name, spec->className, detail),
                                   doc.file, e.line(), e.property());
+            } catch (const UiFileError&) {
+                throw;
+            } catch (const std::exception& e) {
+                fail(doc.file, *spec->node,
+                     QStringLiteral("control '%1' (%2) failed to start: %3")
+                         .arg(spec->name, spec->className, QString::fromUtf8(e.what())));
             }
         }
     } catch (...) {
