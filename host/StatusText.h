@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+// Puts a text on the left half of the status line of the active form: Status1 of its
+// control "FormWizard1", called by name. An empty English text takes the German one.
+// A form without such a control, or no active form, gets nothing.
+VORELLE_EXPORT void FormStatusText(const QString& TextDe, const QString& TextEn);
+
+}  // namespace vorelle

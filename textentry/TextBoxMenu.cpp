@@ -1,0 +1,75 @@
+#include "textentry/TextBoxMenu.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QWidget>
+
+#include "host/Environment.h"
+#include "host/MenuBuilder.h"
+#include "host/PopupMenu.h"
+#include "host/StatusText.h"
+
+namespace vorelle {
+
+namespace {
+
+QString clipboardLength() {
+    return QString::number(QGuiApplication::clipboard()->text().size());
+}
+
+void post(QWidget* field, const QString& keys) {
+    if (field) {
+        field->setFocus();
+    }
+    SendKeysSafe(keys, false);
+}
+
+}  // namespace
+
+void TextBoxMenuBuild(const QString& id, const QString& titleDe, const QString& titleEn,
+                      const TextBoxMenuState& state) {
+    MenuStart(id, titleDe, titleEn);
+    MenuAdd(QStringLiteral("selall"), QStringLiteral("Alles selektieren \t(Strg+A/Einfg)"),
+            QStringLiteral("Select all \t(Ctrl+A/Insrt)"), state.textEmpty ? MenuGrayed : 0);
+    MenuAdd(QStringLiteral("copy"), QStringLiteral("Kopieren \t(Strg+C)"),
+            QStringLiteral("Copy \t(Ctrl+C)"), state.selLength == 0 ? MenuGrayed : 0);
+    MenuAdd(QStringLiteral("cut"), QStringLiteral("Ausschneiden \t(Strg+X)"),
+            QStringLiteral("Cut \t(Ctrl+X)"),
+            (state.selLength == 0 || state.locked) ? MenuGrayed : 0);
+    MenuAdd(QStringLiteral("paste"), QStringLiteral("Einfügen \t(Strg+V)"),
+            QStringLiteral("Paste \t(Ctrl+V)"),
+            (!state.clipboardHasText || state.locked) ? MenuGrayed : 0);
+    MenuAdd(QStringLiteral("sep1"), QStringLiteral("-"), QStringLiteral("-"), MenuSeparator);
+    MenuAdd(QStringLiteral("undo"), QStringLiteral("Rückgängig \t(Strg+Z)"),
+            QStringLiteral("Undo \t(Ctrl+Z)"), state.locked ? MenuGrayed : 0);
+}
+
+bool TextBoxMenuAct(const QString& id, QWidget* field) {
+    if (id == u"selall") {
+        post(field, QStringLiteral("^a"));
+        FormStatusText(QStringLiteral("Alles selektiert."), QStringLiteral("All selected."));
+    } else if (id == u"copy") {
+        post(field, QStringLiteral("^c"));
+        const QString n = clipboardLength();
+        FormStatusText(n + QStringLiteral(" Zeichen kopiert."),
+                       n + QStringLiteral(" chars copied."));
+    } else if (id == u"cut") {
+        // The count is read before the keys go out: it is that of the previous content.
+        const QString n = clipboardLength();
+        FormStatusText(n + QStringLiteral(" Zeichen ausgeschnitten."),
+                       n + QStringLiteral(" chars cutted."));
+        post(field, QStringLiteral("^x"));
+    } else if (id == u"paste") {
+        post(field, QStringLiteral("^v"));
+        const QString n = clipboardLength();
+        FormStatusText(n + QStringLiteral(" Zeichen eingefügt."),
+                       n + QStringLiteral(" chars pasted."));
+    } else if (id == u"undo") {
+        post(field, QStringLiteral("^z"));
+    } else {
+        return false;
+    }
+    return true;
+}
+
+}  // namespace vorelle
