@@ -45,7 +45,7 @@ TEST_F(MenuBuilderTest, SubmenuItemsCarryTheirPath) {
     popup.choose = QStringLiteral("tooltips");
     EXPECT_EQ(MenuShow(), QStringLiteral("tooltips"));
     const QList<MenuRow>& rows = popup.shown.last().rows;
-    ASSERT_EQ(rows.size(), 8);
+    ASSERT_EQ(rows.size(), 7);
     EXPECT_EQ(rows.at(2).depth, 1);
     EXPECT_EQ(rows.at(4).depth, 2);
     EXPECT_TRUE(rows.at(1).submenu);

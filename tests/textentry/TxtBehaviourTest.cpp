@@ -133,7 +133,7 @@ TEST_P(WordSelection, DoubleClickSelectsTheWordUnderTheCaret) {
     make();
     field()->setText(QString::fromUtf8(c.text));
     field()->setCursorPosition(c.caret);
-    const QPoint at = field()->cursorRect().center();
+    const QPoint at = field()->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
     QTest::mousePress(field(), Qt::LeftButton, Qt::NoModifier, at);
     QTest::mouseRelease(field(), Qt::LeftButton, Qt::NoModifier, at);
     ASSERT_EQ(field()->cursorPosition(), c.caret);

@@ -40,7 +40,7 @@ TEST_P(CountRules, RefuseWhileTyping) {
 INSTANTIATE_TEST_SUITE_P(
     Txt, CountRules,
     ::testing::Values(CountCase{"exactlyOneDot", ".=1", "a.b.c", "a.bc", 1},
-                      CountCase{"fewerThanThreeSlashes", "/<3", "a/b/c", "a/bc", 1},
+                      CountCase{"fewerThanThreeTestedAtNMinusOne", "/<3", "a/b/c/", "a/b/c", 1},
                       CountCase{"moreThanIsNotTestedWhileTyping", ".>5", "..", "..", 0},
                       CountCase{"onlyTheNamedCharacter", "@=1|.>0", "a@b.c.d@", "a@b.c.d", 1},
                       CountCase{"unknownOperatorIgnored", ".!1", "...", "...", 0}),
