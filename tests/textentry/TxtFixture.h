@@ -66,6 +66,8 @@ protected:
         form.show();
         QApplication::setActiveWindow(&form);
         field()->setFocus();
+        changes = 0;  // showing the form ran its Load, and RegLoading raised Change
+        keyPresses.clear();
     }
 
     EntryField* field() const { return txt->field(); }
