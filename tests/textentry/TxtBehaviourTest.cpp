@@ -73,6 +73,16 @@ INSTANTIATE_TEST_SUITE_P(Txt, LeaveRules,
                                            LeaveCase{"emptyTextPasses", ".=1", "", true}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+TEST_F(TxtTest, ReturnMovesToTheNextField) {
+    make();
+    type(QStringLiteral("ab"));
+    QTest::keyClick(field(), Qt::Key_Return);
+    EXPECT_EQ(field()->text(), QStringLiteral("ab"));
+    EXPECT_TRUE(keyPresses.size() == 2);
+    deliverPostedKeys();
+    EXPECT_TRUE(other->hasFocus());
+}
+
 // --- Completion
 // ------------------------------------------------------------------------------------
 
@@ -134,11 +144,11 @@ TEST_P(WordSelection, DoubleClickSelectsTheWordUnderTheCaret) {
     field()->setText(QString::fromUtf8(c.text));
     field()->setCursorPosition(c.caret);
     const QPoint at = field()->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    // As the platform delivers a double click: press, release, press with the double
+    // click, release. The field hook turns the double click into a release with the flag set.
+    QTest::mouseClick(field(), Qt::LeftButton, Qt::NoModifier, at);
     QTest::mousePress(field(), Qt::LeftButton, Qt::NoModifier, at);
-    QTest::mouseRelease(field(), Qt::LeftButton, Qt::NoModifier, at);
-    ASSERT_EQ(field()->cursorPosition(), c.caret);
-    // The field hook turns a double click into a release with the flag set.
-    MouseDoubleClicked() = true;
+    QTest::mouseDClick(field(), Qt::LeftButton, Qt::NoModifier, at);
     QTest::mouseRelease(field(), Qt::LeftButton, Qt::NoModifier, at);
     EXPECT_EQ(field()->SelStart(), c.selStart);
     EXPECT_EQ(field()->SelLength(), c.selLength);
@@ -258,7 +268,7 @@ protected:
         wizard = new StatusRecorder(&form);
         wizard->setObjectName(QStringLiteral("FormWizard1"));
     }
-    void rightClick() { QTest::mousePress(field(), Qt::RightButton, Qt::NoModifier, QPoint(5, 5)); }
+    void rightClick() { QTest::mouseClick(field(), Qt::RightButton, Qt::NoModifier, QPoint(5, 5)); }
 };
 
 TEST_F(TxtMenuTest, EntriesAreGreyedByState) {
@@ -326,6 +336,19 @@ TEST_F(TxtMenuTest, ChoiceWritesTheStatusText) {
     EXPECT_EQ(wizard->status1, (QStringList{"4 Zeichen eingefügt./4 chars pasted.",
                                             "4 Zeichen ausgeschnitten./4 chars cutted.",
                                             "Alles selektiert./All selected."}));
+}
+
+TEST_F(TxtMenuTest, ActionsGoThroughTheKeyboard) {
+    withWizard();
+    make();
+    field()->setText(QStringLiteral("hello"));
+    field()->setCursorPosition(2);
+    popup.choose = QStringLiteral("selall");
+    rightClick();
+    EXPECT_EQ(field()->SelLength(), 0);  // posted, not yet delivered
+    deliverPostedKeys();
+    EXPECT_EQ(field()->SelStart(), 0);
+    EXPECT_EQ(field()->SelLength(), 5);
 }
 
 TEST_F(TxtMenuTest, NoMenuWithoutTheFormManagerOrInAPasswordField) {

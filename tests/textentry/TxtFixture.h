@@ -70,6 +70,10 @@ protected:
         keyPresses.clear();
     }
 
+    // Delivers the keys that the field posted (SendKeysSafe) while the widgets live.
+    void deliverPostedKeys() { QCoreApplication::sendPostedEvents(); }
+    void TearDown() override { deliverPostedKeys(); }
+
     EntryField* field() const { return txt->field(); }
     void type(const QString& text) { QTest::keyClicks(field(), text); }
     void leave() { other->setFocus(); }
