@@ -46,6 +46,18 @@ std::unique_ptr<Form> openForm(const QString& path, const QStringList& forms) {
     return form;
 }
 
+// A form may name the control that has the focus in its screenshots: the dynamic
+// property "demoFocus" on the form's top widget.
+void focusForShot(Form& form) {
+    const QString name = form.property("demoFocus").toString();
+    auto* control = name.isEmpty() ? nullptr : qobject_cast<QWidget*>(form.Controls(name));
+    if (control) {
+        QApplication::setActiveWindow(&form);
+        control->setFocus();
+        QApplication::processEvents();
+    }
+}
+
 int screenshots(const QString& dir) {
     MemoryRegistry store;
     RegistryBackend* previous = RegistryBackend::setInstance(&store);
@@ -67,6 +79,7 @@ int screenshots(const QString& dir) {
             continue;
         }
         form->show();
+        focusForShot(*form);
         for (const QString& language : {QStringLiteral("de"), QStringLiteral("en")}) {
             demo::SwitchLanguage(language);
             LateCall(form.get(), "LanguageChanged");
