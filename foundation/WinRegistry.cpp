@@ -2,6 +2,9 @@
 
 #include "foundation/WinRegistry.h"
 
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
 #include <windows.h>
 
 #include <QStringList>
