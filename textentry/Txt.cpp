@@ -14,8 +14,10 @@
 #include "host/Hooks.h"
 #include "host/MenuBuilder.h"
 #include "host/MessageBox.h"
+#include "host/OleColor.h"
+#include "host/Shape.h"
 #include "host/VirtualKeys.h"
-#include "textentry/ShapeOutline.h"
+#include "textentry/FocusFrame.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/TextBoxMenu.h"
 
@@ -122,12 +124,14 @@ Txt::Txt(QWidget* parent) : FormControl(parent) {
     txtText_->setContextMenuPolicy(Qt::PreventContextMenu);
     txtText_->setMaxLengthProperty(kDefaultMaxLength);
 
-    shpWeiss_ = new ShapeOutline(this);
+    shpWeiss_ = new Shape(this);
     shpWeiss_->setObjectName(QStringLiteral("shpWeiss"));
-    shpWeiss_->setBorderColor(ShapeOutline::kInnerAtRest);
-    shpBlau_ = new ShapeOutline(this);
+    shpBlau_ = new Shape(this);
     shpBlau_->setObjectName(QStringLiteral("shpBlau"));
-    shpBlau_->setBorderColor(ShapeOutline::kOuterAtRest);
+    SetFocusFrame(shpWeiss_, shpBlau_, false);
+    for (QWidget* part : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        markConstituent(part);
+    }
 
     setFocusProxy(txtText_);
     setFocusPolicy(Qt::StrongFocus);
@@ -251,8 +255,11 @@ void Txt::ReadProperties(const PropertyBag& bag) {
         txtText_->setLocked(true);
     }
     ChangeSymbol();
+}
 
-    if (userMode() && !FormName().startsWith(QStringLiteral("prop"))) {
+void Txt::AfterReadProperties() {
+    FormControl::AfterReadProperties();
+    if (HookAllowed()) {
         Hook(txtText_, WMPROC_Control, QStringLiteral("txt"));
     }
 }
@@ -310,8 +317,6 @@ void Txt::Resize() {
     if (Width() < kMinWidth) {
         setWidth(kNewWidth);
     }
-    const int w = width();
-    const int h = height();
     txtText_->setGeometry(kFieldInset, kFieldInset, TwipsToPixels(Width() - kFieldLessWidth),
                           TwipsToPixels(kFieldHeight));
     const int symbolLeft = TwipsToPixels(Width() - kSymbolFromRight);
@@ -321,8 +326,10 @@ void Txt::Resize() {
           picEntryWizard_, picPass_, picDropdownMouseOver_, picDropdown_}) {
         pic->setGeometry(symbolLeft, symbolTop, SymbolPicture::kSize, SymbolPicture::kSize);
     }
-    shpBlau_->setGeometry(0, 0, w - 1, h - 1);
-    shpWeiss_->setGeometry(1, 1, w - 1, h - 1);
+    // The outer frame at the control's corner, the inner one a pixel further in.
+    shpBlau_->setTwipsGeometry(0, 0, Width() - kTwipsPerPixel, Height() - kTwipsPerPixel);
+    shpWeiss_->setTwipsGeometry(kTwipsPerPixel, kTwipsPerPixel, Width() - kTwipsPerPixel,
+                                Height() - kTwipsPerPixel);
     ChangeSymbol();
 }
 
@@ -352,8 +359,7 @@ void Txt::ExitFocus() {
         addToEntryHistory(text);
     }
     hasFocus_ = false;
-    shpWeiss_->setBorderColor(ShapeOutline::kInnerAtRest);
-    shpBlau_->setBorderColor(ShapeOutline::kOuterAtRest);
+    SetFocusFrame(shpWeiss_, shpBlau_, false);
 }
 
 // --- Keys
@@ -587,8 +593,7 @@ void Txt::ChangeSymbol() {
         }
     }
     if (hasFocus_) {
-        shpWeiss_->setBorderColor(ShapeOutline::kInnerFocused);
-        shpBlau_->setBorderColor(ShapeOutline::kOuterFocused);
+        SetFocusFrame(shpWeiss_, shpBlau_, true);
     }
 }
 
@@ -601,8 +606,8 @@ void Txt::setDropDownAddVisible(bool on) {
 
 void Txt::applyColours() {
     QPalette palette = txtText_->palette();
-    palette.setColor(QPalette::Text, OleToColor(foreColor_));
-    palette.setColor(QPalette::Base, OleToColor(backColor_));
+    palette.setColor(QPalette::Text, OleToQColor(foreColor_));
+    palette.setColor(QPalette::Base, OleToQColor(backColor_));
     txtText_->setPalette(palette);
 }
 

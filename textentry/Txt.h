@@ -13,7 +13,7 @@ namespace vorelle {
 
 class EntryField;
 class Form;
-class ShapeOutline;
+class Shape;
 class SymbolPicture;
 
 // The single-line text entry control: a native text box with two-language content, a
@@ -175,8 +175,8 @@ public:
 
     // --- Constituents ---
     EntryField* field() const { return txtText_; }
-    ShapeOutline* innerFrame() const { return shpWeiss_; }
-    ShapeOutline* outerFrame() const { return shpBlau_; }
+    Shape* innerFrame() const { return shpWeiss_; }
+    Shape* outerFrame() const { return shpBlau_; }
     SymbolPicture* picture(const QString& name) const;
 
 signals:
@@ -199,6 +199,7 @@ protected:
     void Resize() override;
     void EnterFocus() override;
     void ExitFocus() override;
+    void AfterReadProperties() override;
 
     // Points where the drop-down list, the entry wizard and the password fields attach.
     // Each does nothing here.
@@ -240,8 +241,8 @@ private:
     QString status2(bool german) const;
 
     EntryField* txtText_ = nullptr;
-    ShapeOutline* shpWeiss_ = nullptr;
-    ShapeOutline* shpBlau_ = nullptr;
+    Shape* shpWeiss_ = nullptr;
+    Shape* shpBlau_ = nullptr;
     SymbolPicture* picDropdownAddMouseOver_ = nullptr;
     SymbolPicture* picDropdownAdd_ = nullptr;
     SymbolPicture* picPassMouseOver_ = nullptr;

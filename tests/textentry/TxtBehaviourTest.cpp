@@ -3,8 +3,9 @@
 #include <QClipboard>
 
 #include "host/Hooks.h"
+#include "host/Shape.h"
 #include "support/FakePopupMenu.h"
-#include "textentry/ShapeOutline.h"
+#include "textentry/FocusFrame.h"
 #include "textentry/SymbolPicture.h"
 
 namespace vorelle::test {
@@ -21,8 +22,8 @@ TEST_F(TxtTest, LeavingAnEmptyFieldPassesTheCountCheck) {
     EXPECT_TRUE(box.shown.isEmpty());
     EXPECT_TRUE(other->hasFocus());
     EXPECT_FALSE(txt->hasFocusFrame());
-    EXPECT_EQ(txt->innerFrame()->BorderColor(), ShapeOutline::kInnerAtRest);
-    EXPECT_EQ(txt->outerFrame()->BorderColor(), ShapeOutline::kOuterAtRest);
+    EXPECT_EQ(txt->innerFrame()->BorderColor(), kFrameInnerAtRest);
+    EXPECT_EQ(txt->outerFrame()->BorderColor(), kFrameOuterAtRest);
 }
 
 TEST_F(TxtTest, LeavingAFailingFieldKeepsTheFocusWithTheGermanMessage) {
@@ -33,8 +34,8 @@ TEST_F(TxtTest, LeavingAFailingFieldKeepsTheFocusWithTheGermanMessage) {
     EXPECT_EQ(box.shown.at(0).text, kInvalid);  // in every language
     EXPECT_TRUE(field()->hasFocus());
     EXPECT_TRUE(txt->hasFocusFrame());
-    EXPECT_EQ(txt->innerFrame()->BorderColor(), ShapeOutline::kInnerFocused);
-    EXPECT_EQ(txt->outerFrame()->BorderColor(), ShapeOutline::kOuterFocused);
+    EXPECT_EQ(txt->innerFrame()->BorderColor(), kFrameInnerFocused);
+    EXPECT_EQ(txt->outerFrame()->BorderColor(), kFrameOuterFocused);
     // Nothing was saved.
     EXPECT_EQ(RegGet(txt->ModuleAppName(), QStringLiteral("frmTest"),
                      QStringLiteral("txtName.Text_en"), QStringLiteral("none")),
