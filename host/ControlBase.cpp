@@ -156,6 +156,11 @@ void ControlBase::resizeEvent(QResizeEvent* event) {
 }
 
 void ControlBase::onFocusChanged(QWidget* old, QWidget* now) {
+    if (!now && !window()->isActiveWindow()) {
+        // The window lost activation: the focus stays where it was within the form and
+        // comes back there, so the control is not left.
+        return;
+    }
     const bool inside = now && (now == this || isAncestorOf(now));
     if (inside && !hasFocus_) {
         hasFocus_ = true;

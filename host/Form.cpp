@@ -248,8 +248,9 @@ void Form::runLoad() {
 }
 
 void Form::setVisible(bool visible) {
-    // Load comes before the first Resize and Activate of a shown form.
-    if (visible && !loadRan_) {
+    // Load comes before the first Resize and Activate of a shown form; a form that stands
+    // in a designer runs none.
+    if (visible && !loadRan_ && userMode_) {
         runLoad();
     }
     QWidget::setVisible(visible);
