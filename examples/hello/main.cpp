@@ -3,6 +3,7 @@
 #include <vorelle/vorelle.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <cstdio>
 
@@ -74,6 +75,20 @@ int main(int argc, char** argv) {
     const QByteArray saved = vorelle::FormLoader::toXml(form);
     check(saved.contains("<class>vorelle::brd</class>") && !saved.contains("ForeColor"),
           "saved without the default values");
+
+    // A silent error report only logs: one line in error.log, and the program goes on.
+    const QString log = vorelle::LogFolder() + QStringLiteral("/error.log");
+    QFile::remove(log);
+    const int answer = vorelle::ErrorDialog(QStringLiteral("Hello.Check"),
+                                            QStringLiteral("Prüfung|Check"), 99999,
+                                            QStringLiteral("no harm"), QString(), true, 48);
+    QFile file(log);
+    const QString line =
+        file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
+    check(answer == 0 && line.count(u'\n') == 1 &&
+              line.contains(QStringLiteral("@Hello.Check@LZF: '")) &&
+              line.contains(QStringLiteral("DebugInfo: 99999, Pr\u00fcfung|Check [no harm].")),
+          "silent ErrorDialog logged one line and returned");
 
     std::printf("hello: %s\n", failures == 0 ? "ok" : "FAILED");
     return failures == 0 ? 0 : 1;
