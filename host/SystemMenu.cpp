@@ -15,6 +15,13 @@
 #include "host/Form.h"
 #include "host/WindowCommandEvent.h"
 
+#ifdef _WIN32
+#define NOMINMAX
+#include <windows.h>
+
+#include <QAbstractNativeEventFilter>
+#endif
+
 namespace vorelle {
 
 namespace {
@@ -47,6 +54,61 @@ int twipsOf(const QString& text, int fallback) {
     return ok ? static_cast<int>(value) : fallback;
 }
 
+#ifdef _WIN32
+// Delivers the commands chosen in the native window menu as WindowCommandEvents.
+class SystemCommandFilter : public QAbstractNativeEventFilter {
+public:
+    bool nativeEventFilter(const QByteArray& type, void* message, qintptr*) override {
+        const auto* msg = static_cast<const MSG*>(message);
+        if (type != "windows_generic_MSG" || msg->message != WM_SYSCOMMAND ||
+            (msg->wParam != kWindowCommandNextMonitor && msg->wParam != kWindowCommandPosReset)) {
+            return false;
+        }
+        auto* form = qobject_cast<Form*>(QWidget::find(reinterpret_cast<WId>(msg->hwnd)));
+        if (!form) {
+            return false;
+        }
+        WindowCommandEvent event(static_cast<int>(msg->wParam));
+        QCoreApplication::sendEvent(form, &event);
+        return true;
+    }
+};
+
+// The platform's own window menu gets the same entries as the form's actions.
+void nativeRebuild(Form* form) {
+    static SystemCommandFilter* filter = [] {
+        auto* f = new SystemCommandFilter;
+        QCoreApplication::instance()->installNativeEventFilter(f);
+        return f;
+    }();
+    Q_UNUSED(filter);
+    const HWND hwnd = reinterpret_cast<HWND>(form->window()->winId());
+    GetSystemMenu(hwnd, TRUE);
+    const HMENU menu = GetSystemMenu(hwnd, FALSE);
+    if (!menu) {
+        return;
+    }
+    AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+    for (QAction* action : SystemMenuEntries(form)) {
+        const int command = action->property(kEntryMark).toInt();
+        if (command != 0) {
+            const std::wstring text = action->text().toStdWString();
+            AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(command), text.c_str());
+        }
+    }
+}
+
+void nativeClear(Form* form) {
+    const HWND hwnd = reinterpret_cast<HWND>(form->window()->winId());
+    GetSystemMenu(hwnd, TRUE);
+    DrawMenuBar(hwnd);
+}
+#else
+// Elsewhere the form's actions are the window menu.
+void nativeRebuild(Form*) {}
+void nativeClear(Form*) {}
+#endif
+
 }  // namespace
 
 void SystemMenuRebuild(Form* form) {
@@ -66,6 +128,7 @@ void SystemMenuRebuild(Form* form) {
              LangText(QStringLiteral("Fensterpositionen zurücksetzen \t(Strg+F12)"),
                       QStringLiteral("Reset window positions \t(Ctrl+F12)")),
              kWindowCommandPosReset, QKeySequence(Qt::CTRL | Qt::Key_F12));
+    nativeRebuild(form);
 }
 
 void SystemMenuClear(Form* form) {
@@ -78,6 +141,7 @@ void SystemMenuClear(Form* form) {
         // A command may be running from this very action.
         action->deleteLater();
     }
+    nativeClear(form);
 }
 
 QList<QAction*> SystemMenuEntries(const QWidget* form) {

@@ -79,9 +79,9 @@ int main(int argc, char** argv) {
     // A silent error report only logs: one line in error.log, and the program goes on.
     const QString log = vorelle::LogFolder() + QStringLiteral("/error.log");
     QFile::remove(log);
-    const int answer = vorelle::ErrorDialog(QStringLiteral("Hello.Check"),
-                                            QStringLiteral("Prüfung|Check"), 99999,
-                                            QStringLiteral("no harm"), QString(), true, 48);
+    const int answer =
+        vorelle::ErrorDialog(QStringLiteral("Hello.Check"), QStringLiteral("Prüfung|Check"), 99999,
+                             QStringLiteral("no harm"), QString(), true, 48);
     QFile file(log);
     const QString line =
         file.open(QIODevice::ReadOnly) ? QString::fromLatin1(file.readAll()) : QString();
