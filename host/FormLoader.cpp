@@ -79,7 +79,7 @@ bool checkedKind(const UiNode& property) {
 }
 
 // A control of the file with what it is started from.
-struct ControlSpec {
+struct ControlPlan {
     const UiNode* node = nullptr;
     QString className;
     QString name;
@@ -92,7 +92,7 @@ struct ControlSpec {
 // Checks the structure of a document and gathers its controls.
 class Checker {
 public:
-    Checker(const UiDocument& doc, QList<ControlSpec>& controls)
+    Checker(const UiDocument& doc, QList<ControlPlan>& controls)
         : file_(doc.file), controls_(controls), qtClasses_(QUiLoader().availableWidgets()) {
         qtClasses_.append(QStringLiteral("Line"));
     }
@@ -219,12 +219,12 @@ private:
 
     void control(const UiNode& node, const QString& cls, const QString& name,
                  const QMetaObject* meta) {
-        ControlSpec spec;
-        spec.node = &node;
-        spec.className = cls;
-        spec.name = name;
-        spec.meta = meta;
-        spec.bag = PropertyBag(file_);
+        ControlPlan plan;
+        plan.node = &node;
+        plan.className = cls;
+        plan.name = name;
+        plan.meta = meta;
+        plan.bag = PropertyBag(file_);
         for (const UiNode& c : node.children) {
             if (c.tag != kProperty) {
                 continue;
@@ -237,17 +237,17 @@ private:
                     fail(file_, c,
                          QStringLiteral("control '%1': geometry is not a <rect>").arg(name), prop);
                 }
-                spec.geometry = rect.toRect();
+                plan.geometry = rect.toRect();
             } else {
-                spec.bag.insert(prop, UiValue::read(c, findProperty(meta, prop), file_),
+                plan.bag.insert(prop, UiValue::read(c, findProperty(meta, prop), file_),
                                 c.children.front().line);
             }
         }
-        controls_.append(std::move(spec));
+        controls_.append(std::move(plan));
     }
 
     const QString& file_;
-    QList<ControlSpec>& controls_;
+    QList<ControlPlan>& controls_;
     QStringList qtClasses_;
     QSet<QString> names_;
 };
@@ -290,7 +290,7 @@ QList<FormProperty> formProperties(const Form& form, const UiNode& top, const QS
 // the form itself.
 class Builder : public QUiLoader {
 public:
-    Builder(Form& form, QList<ControlSpec>& controls) : form_(form), controls_(controls) {}
+    Builder(Form& form, QList<ControlPlan>& controls) : form_(form), controls_(controls) {}
 
     QWidget* createWidget(const QString& className, QWidget* parent, const QString& name) override {
         if (!topDone_) {
@@ -303,12 +303,12 @@ public:
             container && container->containerArea()) {
             host = container->containerArea();
         }
-        for (ControlSpec& spec : controls_) {
-            if (!spec.widget && spec.name == name && spec.className == className) {
+        for (ControlPlan& plan : controls_) {
+            if (!plan.widget && plan.name == name && plan.className == className) {
                 ControlBase* control = ControlRegistry::create(className, host);
                 if (control) {
                     control->setObjectName(name);
-                    spec.widget = control;
+                    plan.widget = control;
                 }
                 return control;
             }
@@ -318,7 +318,7 @@ public:
 
 private:
     Form& form_;
-    QList<ControlSpec>& controls_;
+    QList<ControlPlan>& controls_;
     bool topDone_ = false;
 };
 
@@ -365,7 +365,7 @@ private:
 
 // Builds and starts; throws UiFileError.
 void build(Form& form, const UiDocument& doc, const FormLoader::Options& options) {
-    QList<ControlSpec> controls;
+    QList<ControlPlan> controls;
     const UiNode& top = Checker(doc, controls).check(doc.root);
 
     const QList<FormProperty> ownProperties = formProperties(form, top, doc.file);
@@ -401,26 +401,26 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
                      QLatin1String(p.name));
             }
         }
-        QHash<ControlBase*, ControlSpec*> byWidget;
-        for (ControlSpec& spec : controls) {
-            if (!spec.widget) {
-                fail(doc.file, *spec.node,
+        QHash<ControlBase*, ControlPlan*> byWidget;
+        for (ControlPlan& plan : controls) {
+            if (!plan.widget) {
+                fail(doc.file, *plan.node,
                      QStringLiteral("control '%1' of class %2 was not created")
-                         .arg(spec.name, spec.className));
+                         .arg(plan.name, plan.className));
             }
-            if (spec.geometry) {
-                spec.widget->setGeometry(*spec.geometry);
+            if (plan.geometry) {
+                plan.widget->setGeometry(*plan.geometry);
             }
-            byWidget.insert(spec.widget, &spec);
+            byWidget.insert(plan.widget, &plan);
         }
         for (QWidget* w : form.Controls()) {
             auto* control = qobject_cast<ControlBase*>(w);
-            ControlSpec* spec = control ? byWidget.value(control) : nullptr;
-            if (!spec) {
+            ControlPlan* plan = control ? byWidget.value(control) : nullptr;
+            if (!plan) {
                 continue;
             }
             try {
-                control->startFrom(spec->bag);
+                control->startFrom(plan->bag);
             } catch (const PropertyError& e) {
                 QString detail = e.message();
                 const QString where =
@@ -431,14 +431,14 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
                 throw UiFileError(QStringLiteral("%1:%2: control '%3' (%4): %5")
                                       .arg(doc.file)
                                       .arg(e.line())
-                                      .arg(spec->name, spec->className, detail),
+                                      .arg(plan->name, plan->className, detail),
                                   doc.file, e.line(), e.property());
             } catch (const UiFileError&) {
                 throw;
             } catch (const std::exception& e) {
-                fail(doc.file, *spec->node,
+                fail(doc.file, *plan->node,
                      QStringLiteral("control '%1' (%2) failed to start: %3")
-                         .arg(spec->name, spec->className, QString::fromUtf8(e.what())));
+                         .arg(plan->name, plan->className, QString::fromUtf8(e.what())));
             }
         }
     } catch (...) {
