@@ -221,6 +221,9 @@ public:
         inTransaction_ = false;
     }
 
+    // The status a call reports when its group could not be opened.
+    long groupFailure() const { return failure_ != REG_SUCCESS ? failure_ : REG_IO_FAILED; }
+
     // Records a failure of SQLite: the status of the running group, one line in error.log
     // for the first one of its kind, and for a damaged file the end of this connection.
     long fail(int rc, const char* what) {
@@ -419,7 +422,7 @@ long SqliteRegistry::openKey(quint32 root, const QString& subKey, RegHandle* key
     *key = 0;
     Group group(*db_, false);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     const sqlite3_int64 id = db_->findKey(root, foldedPath(subKey));
     if (id < 0) {
@@ -436,7 +439,7 @@ long SqliteRegistry::createKey(quint32 root, const QString& subKey, RegHandle* k
     *key = 0;
     Group group(*db_, true);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     const QStringList parts = pathParts(subKey);
     QString path = foldedPath(subKey);
@@ -464,7 +467,7 @@ long SqliteRegistry::createKey(quint32 root, const QString& subKey, RegHandle* k
         }
     }
     if (id <= 0) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     *key = db_->open(id);
     return REG_SUCCESS;
@@ -481,7 +484,7 @@ long SqliteRegistry::queryValue(RegHandle key, const QString& name, QByteArray* 
     }
     Group group(*db_, false);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     Database::Use use(*db_, kQueryValue);
     use.bind(1, id).bind(2, folded(name));
@@ -503,7 +506,7 @@ long SqliteRegistry::setValue(RegHandle key, const QString& name, const QByteArr
     }
     Group group(*db_, true);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     Database::Use use(*db_, kUpsertValue);
     use.bind(1, id).bind(2, folded(name)).bind(3, name).bind(4, data);
@@ -520,7 +523,7 @@ long SqliteRegistry::deleteValue(RegHandle key, const QString& name) {
     }
     Group group(*db_, true);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     Database::Use use(*db_, kDeleteValue);
     use.bind(1, id).bind(2, folded(name));
@@ -537,7 +540,7 @@ long SqliteRegistry::deleteKey(quint32 root, const QString& subKey) {
     }
     Group group(*db_, true);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     const sqlite3_int64 id = db_->findKey(root, path);
     if (id < 0) {
@@ -574,7 +577,7 @@ long SqliteRegistry::enumKey(RegHandle key, quint32 index, QString* name) {
     }
     Group group(*db_, false);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     Database::Use use(*db_, kEnumKey);
     use.bind(1, id).bind(2, static_cast<sqlite3_int64>(index));
@@ -596,7 +599,7 @@ long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {
     }
     Group group(*db_, false);
     if (!group.usable()) {
-        return db_->failure_ != REG_SUCCESS ? db_->failure_ : REG_IO_FAILED;
+        return db_->groupFailure();
     }
     names->clear();
     Database::Use use(*db_, kEnumValues);
