@@ -7,7 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include "host/EntryField.h"
+#include "host/input/EntryField.h"
 #include "textentry/Txt.h"
 
 namespace {

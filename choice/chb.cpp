@@ -1,6 +1,6 @@
 #include "choice/chb.h"
 
-#include "host/ControlRegistry.h"
+#include "host/frame/ControlRegistry.h"
 
 namespace vorelle {
 

@@ -5,9 +5,9 @@ set(VORELLE_MODULES foundation host formwizard textentry numberdate choice displ
 set(VORELLE_SOURCES)
 set(VORELLE_HEADERS)
 foreach(module IN LISTS VORELLE_MODULES)
-    file(GLOB module_sources CONFIGURE_DEPENDS
+    file(GLOB_RECURSE module_sources CONFIGURE_DEPENDS
         ${PROJECT_SOURCE_DIR}/${module}/*.cpp ${PROJECT_SOURCE_DIR}/${module}/*.qrc)
-    file(GLOB module_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${module}/*.h)
+    file(GLOB_RECURSE module_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${module}/*.h)
     list(APPEND VORELLE_SOURCES ${module_sources})
     list(APPEND VORELLE_HEADERS ${module_headers})
 endforeach()

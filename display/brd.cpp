@@ -1,7 +1,7 @@
 #include "display/brd.h"
 
-#include "host/ControlRegistry.h"
-#include "host/Shape.h"
+#include "host/frame/ControlRegistry.h"
+#include "host/frame/Shape.h"
 
 namespace vorelle {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/FormControl.h"
+#include "host/frame/FormControl.h"
 
 namespace vorelle {
 

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "host/ControlRegistry.h"
+#include "host/frame/ControlRegistry.h"
 
 namespace vorelle {
 

@@ -1,6 +1,6 @@
 #include "formwizard/FormWizard.h"
 
-#include "host/ControlRegistry.h"
+#include "host/frame/ControlRegistry.h"
 
 namespace vorelle {
 

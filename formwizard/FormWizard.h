@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/ControlBase.h"
+#include "host/frame/ControlBase.h"
 
 namespace vorelle {
 

@@ -1,7 +1,7 @@
 #include "foundation/Binaer.h"
 
 #include "foundation/RegStore.h"
-#include "host/ErrorDialog.h"
+#include "host/platform/ErrorDialog.h"
 
 namespace vorelle {
 

@@ -4,10 +4,10 @@
 
 #include "foundation/Language.h"
 #include "foundation/Zentral.h"
-#include "host/Environment.h"
-#include "host/Form.h"
-#include "host/MessageBox.h"
-#include "host/VirtualKeys.h"
+#include "host/platform/Environment.h"
+#include "host/form/Form.h"
+#include "host/platform/MessageBox.h"
+#include "host/input/VirtualKeys.h"
 
 namespace vorelle {
 

@@ -1,6 +1,6 @@
 #include "textentry/FocusFrame.h"
 
-#include "host/Shape.h"
+#include "host/frame/Shape.h"
 
 namespace vorelle {
 

@@ -4,10 +4,10 @@
 #include <QGuiApplication>
 #include <QWidget>
 
-#include "host/Environment.h"
-#include "host/MenuBuilder.h"
-#include "host/PopupMenu.h"
-#include "host/StatusText.h"
+#include "host/platform/Environment.h"
+#include "host/platform/MenuBuilder.h"
+#include "host/platform/PopupMenu.h"
+#include "host/platform/StatusText.h"
 
 namespace vorelle {
 

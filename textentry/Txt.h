@@ -6,7 +6,7 @@
 #include <QVariant>
 
 #include "foundation/TextPair.h"
-#include "host/FormControl.h"
+#include "host/frame/FormControl.h"
 #include "textentry/CharRules.h"
 
 namespace vorelle {

@@ -6,8 +6,8 @@
 
 #include "DemoTexts.h"
 #include "foundation/Language.h"
-#include "host/FormLoader.h"
-#include "host/MessageBox.h"
+#include "host/form/FormLoader.h"
+#include "host/platform/MessageBox.h"
 
 namespace vorelle::demo {
 

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "host/Form.h"
+#include "host/form/Form.h"
 
 namespace vorelle::demo {
 

@@ -14,7 +14,7 @@
 #include "foundation/LateBinding.h"
 #include "foundation/MemoryRegistry.h"
 #include "foundation/RegStore.h"
-#include "host/FormLoader.h"
+#include "host/form/FormLoader.h"
 
 using namespace vorelle;
 

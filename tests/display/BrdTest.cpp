@@ -4,9 +4,9 @@
 #include <QLabel>
 
 #include "display/brd.h"
-#include "host/Form.h"
-#include "host/OleColor.h"
-#include "host/Shape.h"
+#include "host/form/Form.h"
+#include "host/frame/OleColor.h"
+#include "host/frame/Shape.h"
 #include "support/Doubles.h"
 
 namespace vorelle {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "errors/ScopedLanguage.h"
-#include "host/ErrorDialog.h"
+#include "host/platform/ErrorDialog.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
 #include "support/ScopedLogFolder.h"

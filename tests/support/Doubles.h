@@ -14,9 +14,9 @@
 #include "foundation/ProcessExit.h"
 #include "foundation/RegistryBackend.h"
 #include "foundation/ServiceSlot.h"
-#include "host/CursorState.h"
-#include "host/KeyState.h"
-#include "host/MessageBox.h"
+#include "host/input/CursorState.h"
+#include "host/input/KeyState.h"
+#include "host/platform/MessageBox.h"
 
 namespace vorelle::test {
 

@@ -3,8 +3,8 @@
 #include <QList>
 #include <QString>
 
-#include "host/MenuBuilder.h"
-#include "host/PopupMenu.h"
+#include "host/platform/MenuBuilder.h"
+#include "host/platform/PopupMenu.h"
 
 namespace vorelle::test {
 

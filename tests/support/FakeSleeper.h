@@ -3,7 +3,7 @@
 #include <QList>
 
 #include "foundation/ServiceSlot.h"
-#include "host/Sleeper.h"
+#include "host/platform/Sleeper.h"
 
 namespace vorelle::test {
 

@@ -2,8 +2,8 @@
 
 #include <QClipboard>
 
-#include "host/Hooks.h"
-#include "host/Shape.h"
+#include "host/hooks/Hooks.h"
+#include "host/frame/Shape.h"
 #include "support/FakePopupMenu.h"
 #include "textentry/FocusFrame.h"
 #include "textentry/SymbolPicture.h"

@@ -7,9 +7,9 @@
 
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
-#include "host/EntryField.h"
-#include "host/Form.h"
-#include "host/PropertyBag.h"
+#include "host/input/EntryField.h"
+#include "host/form/Form.h"
+#include "host/frame/PropertyBag.h"
 #include "support/Doubles.h"
 #include "textentry/Txt.h"
 

@@ -2,7 +2,7 @@
 
 #include <QMetaProperty>
 
-#include "host/ControlRegistry.h"
+#include "host/frame/ControlRegistry.h"
 #include "textentry/TextTypes.h"
 
 namespace vorelle::test {

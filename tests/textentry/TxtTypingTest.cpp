@@ -1,6 +1,6 @@
 #include "TxtFixture.h"
 
-#include "host/VirtualKeys.h"
+#include "host/input/VirtualKeys.h"
 
 namespace vorelle::test {
 namespace {

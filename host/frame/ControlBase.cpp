@@ -1,0 +1,409 @@
+#include "host/frame/ControlBase.h"
+
+#include <QApplication>
+#include <QMetaClassInfo>
+#include <QResizeEvent>
+#include <cmath>
+
+#include "foundation/Language.h"
+#include "foundation/LateBinding.h"
+#include "foundation/LibraryInfo.h"
+#include "host/platform/Environment.h"
+#include "host/form/Form.h"
+#include "host/platform/MessageBox.h"
+#include "host/frame/OleColor.h"
+#include "host/hooks/WindowHandle.h"
+
+namespace vorelle {
+
+namespace {
+
+// Twips per unit of the scale modes: 1 twips, 2 points, 3 pixels, 5 inches, 6 mm, 7 cm.
+double twipsPerUnit(int mode) {
+    switch (mode) {
+        case 1:
+            return 1.0;
+        case 2:
+            return 20.0;
+        case 3:
+            return kTwipsPerPixel;
+        case 5:
+            return 1440.0;
+        case 6:
+            return 1440.0 / 25.4;
+        case 7:
+            return 1440.0 / 2.54;
+        default:
+            return 0.0;
+    }
+}
+
+int& instanceCount() {
+    static int count = 0;
+    return count;
+}
+
+constexpr char kConstituentMark[] = "vorelleConstituent";
+
+}  // namespace
+
+ControlBase::ControlBase(QWidget* parent)
+    : QWidget(parent), host_(std::make_unique<ControlHost>(this)) {
+    ++instanceCount();
+    if (qApp) {
+        connect(qApp, &QApplication::focusChanged, this, &ControlBase::onFocusChanged);
+    }
+}
+
+ControlBase::~ControlBase() {
+    --instanceCount();
+}
+
+int ControlBase::liveInstances() {
+    return instanceCount();
+}
+
+void ControlBase::setHost(std::unique_ptr<ControlHost> host) {
+    if (host) {
+        host_ = std::move(host);
+    }
+}
+
+// --- Life cycle -----------------------------------------------------------------------------
+
+void ControlBase::startNew() {
+    Initialize();
+    InitProperties();
+    started_ = true;
+    Resize();
+}
+
+void ControlBase::startFrom(const PropertyBag& bag) {
+    Initialize();
+    beginReadProperties();
+    ReadProperties(bag);
+    ApplyLanguage();
+    AfterReadProperties();
+    started_ = true;
+    Resize();
+}
+
+PropertyBag ControlBase::save() const {
+    PropertyBag bag;
+    WriteProperties(bag);
+    return bag;
+}
+
+void ControlBase::Initialize() {
+    LanguageLoad();
+}
+
+void ControlBase::InitProperties() {
+    if (neverTakesFocus()) {
+        LateSet(sibling(host_->DisplayName()), "TabStop", false);
+    }
+}
+
+void ControlBase::beginReadProperties() {
+    moduleAppName_ = GetModuleAppName(QString());
+    const Form* form = host_->Parent();
+    formName_ = form ? form->Name() : QString();  // not on a form: FormName stays ""
+    controlName_ = host_->DisplayName();
+    if (!host_->UserMode() && neverTakesFocus()) {
+        LateSet(sibling(controlName_), "TabStop", false);
+    }
+}
+
+void ControlBase::ReadProperties(const PropertyBag& bag) {}
+void ControlBase::WriteProperties(PropertyBag& bag) const {}
+void ControlBase::Resize() {}
+void ControlBase::EnterFocus() {}
+void ControlBase::ExitFocus() {}
+
+void ControlBase::PropertyChanged(const QString& name) {
+    host_->PropertyChanged(name);
+}
+
+bool ControlBase::HookAllowed() const {
+    return host_->UserMode() && !formName_.startsWith(QStringLiteral("prop"));
+}
+
+void ControlBase::PassFocusOn() {
+    SendKeysSafe(QStringLiteral("{tab}"));
+}
+
+void ControlBase::markConstituent(QWidget* widget) {
+    if (widget) {
+        widget->setProperty(kConstituentMark, true);
+    }
+}
+
+bool ControlBase::isConstituent(const QWidget* widget) {
+    return widget && widget->property(kConstituentMark).toBool();
+}
+
+QVariant ControlBase::callFormWizard(const char* member, const QVariantList& args) const {
+    return LateCall(formWizard(), member, args);
+}
+
+void ControlBase::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (started_ && !inResize_) {
+        inResize_ = true;
+        Resize();
+        inResize_ = false;
+    }
+}
+
+void ControlBase::onFocusChanged(QWidget* old, QWidget* now) {
+    if (!now && !window()->isActiveWindow()) {
+        // The window lost activation: the focus stays where it was within the form and
+        // comes back there, so the control is not left.
+        return;
+    }
+    const bool inside = now && (now == this || isAncestorOf(now));
+    if (inside && !hasFocus_) {
+        hasFocus_ = true;
+        EnterFocus();
+    } else if (!inside && hasFocus_) {
+        hasFocus_ = false;
+        ExitFocus();
+    }
+}
+
+// --- Text pairs ------------------------------------------------------------------------------
+
+void ControlBase::letPairDe(TextPair& pair, const QString& value, const QString& baseName,
+                            const std::function<void(const QString&)>& show) {
+    pair.setDe(value);
+    if (show) {
+        show(pair.current());
+    }
+    PropertyChanged(baseName + QStringLiteral("_de"));
+}
+
+void ControlBase::letPairEn(TextPair& pair, const QString& value, const QString& baseName,
+                            const std::function<void(const QString&)>& show) {
+    pair.setEn(value);
+    if (show) {
+        show(pair.current());
+    }
+    PropertyChanged(baseName + QStringLiteral("_en"));
+}
+
+void ControlBase::letPair(TextPair& pair, const QString& value, const QString& baseName,
+                          const std::function<void(const QString&)>& show) {
+    if (show) {
+        show(value);
+    }
+    PropertyChanged(baseName + pair.setCurrent(value));
+}
+
+// --- Common members --------------------------------------------------------------------------
+
+QString ControlBase::classInfo(const QMetaObject* meta, const char* key) {
+    const int index = meta->indexOfClassInfo(key);
+    return index < 0 ? QString() : QString::fromUtf8(meta->classInfo(index).value());
+}
+
+QString ControlBase::TypeName() const {
+    return classInfo(metaObject(), "TypeName");
+}
+
+qint32 ControlBase::hwnd() const {
+    return HwndOf(this);
+}
+
+QString ControlBase::aboutTextOf(const QMetaObject* meta) {
+    static const QString kEnd = QStringLiteral("\r\n");
+    const QString library = QStringLiteral("Part of %1 V %2.%3 (Build %4)")
+                                .arg(QString::fromUtf8(kLibraryTitle))
+                                .arg(kVersionMajor)
+                                .arg(kVersionMinor, 2, 10, QLatin1Char('0'))
+                                .arg(kRevision);
+    return classInfo(meta, "AboutHeader") + kEnd + classInfo(meta, "AboutDescription") + kEnd +
+           kEnd + library + kEnd + QString::fromUtf8(kMakerLine);
+}
+
+QString ControlBase::aboutText() const {
+    return aboutTextOf(metaObject());
+}
+
+// German only and the same in both modes: the About box does not follow the language.
+void ControlBase::ShowAbout() {
+    MsgBox(aboutText(), 0, QString::fromUtf8(kLibraryTitle));
+}
+
+// --- Shared common members ---------------------------------------------------------------
+
+void ControlBase::setForeColor(qint32 color) {
+    foreColor_ = color;
+    applyForeColor(OleToQColor(color));
+    PropertyChanged(QStringLiteral("ForeColor"));
+}
+
+void ControlBase::setBackColor(qint32 color) {
+    backColor_ = color;
+    applyBackColor(OleToQColor(color));
+    PropertyChanged(QStringLiteral("BackColor"));
+}
+
+void ControlBase::setFontProperty(const QFont& font) {
+    setFont(font);
+    applyFont(font);
+    PropertyChanged(QStringLiteral("Font"));
+}
+
+void ControlBase::setEnabledProperty(bool on) {
+    enabled_ = on;
+    applyEnabled(on);
+    PropertyChanged(QStringLiteral("Enabled"));
+}
+
+void ControlBase::refreshControl() {
+    LanguageLoad();
+    ApplyLanguage();
+    update();
+    for (QWidget* child : findChildren<QWidget*>()) {
+        child->update();
+    }
+}
+
+void ControlBase::applyForeColor(const QColor& color) {
+    QPalette p = palette();
+    p.setColor(QPalette::WindowText, color);
+    p.setColor(QPalette::Text, color);
+    p.setColor(QPalette::ButtonText, color);
+    setPalette(p);
+}
+
+void ControlBase::applyBackColor(const QColor& color) {
+    QPalette p = palette();
+    p.setColor(QPalette::Window, color);
+    p.setColor(QPalette::Base, color);
+    p.setColor(QPalette::Button, color);
+    setPalette(p);
+    setAutoFillBackground(true);
+}
+
+void ControlBase::applyEnabled(bool on) {
+    for (QObject* child : children()) {
+        if (auto* w = qobject_cast<QWidget*>(child); w && !w->isWindow()) {
+            w->setEnabled(on);
+        }
+    }
+}
+
+void ControlBase::initForeColor(qint32 color) {
+    foreColor_ = color;
+    applyForeColor(OleToQColor(color));
+}
+
+void ControlBase::initBackColor(qint32 color) {
+    backColor_ = color;
+    applyBackColor(OleToQColor(color));
+}
+
+void ControlBase::readForeColor(const PropertyBag& bag, qint32 defaultColor) {
+    initForeColor(bag.ReadProperty(QStringLiteral("ForeColor"), defaultColor).toInt());
+}
+
+void ControlBase::writeForeColor(PropertyBag& bag, qint32 defaultColor) const {
+    bag.WriteProperty(QStringLiteral("ForeColor"), ForeColor(), defaultColor);
+}
+
+void ControlBase::readBackColor(const PropertyBag& bag, qint32 defaultColor) {
+    initBackColor(bag.ReadProperty(QStringLiteral("BackColor"), defaultColor).toInt());
+}
+
+void ControlBase::writeBackColor(PropertyBag& bag, qint32 defaultColor) const {
+    bag.WriteProperty(QStringLiteral("BackColor"), BackColor(), defaultColor);
+}
+
+void ControlBase::readFont(const PropertyBag& bag) {
+    const QFont f = bag.ReadProperty(QStringLiteral("Font"), host_->AmbientFont()).value<QFont>();
+    setFont(f);
+    applyFont(f);
+}
+
+void ControlBase::writeFont(PropertyBag& bag) const {
+    bag.WriteProperty(QStringLiteral("Font"), Font(), host_->AmbientFont());
+}
+
+void ControlBase::readEnabled(const PropertyBag& bag) {
+    enabled_ = bag.ReadProperty(QStringLiteral("Enabled"), true).toBool();
+    applyEnabled(enabled_);
+}
+
+void ControlBase::writeEnabled(PropertyBag& bag) const {
+    bag.WriteProperty(QStringLiteral("Enabled"), enabled_, true);
+}
+
+void ControlBase::setScaleMode(int mode) {
+    if (mode == 0 && scaleMode_ != 0) {
+        scaleWidth_ = ScaleWidth();
+        scaleHeight_ = ScaleHeight();
+    }
+    scaleMode_ = mode;
+}
+
+qint32 ControlBase::ScaleWidth() const {
+    const double unit = twipsPerUnit(scaleMode_);
+    return static_cast<qint32>(std::lround(unit > 0 ? Width() / unit : scaleWidth_));
+}
+
+void ControlBase::setScaleWidth(qint32 width) {
+    scaleHeight_ = ScaleHeight();
+    scaleWidth_ = width;
+    scaleMode_ = 0;
+}
+
+qint32 ControlBase::ScaleHeight() const {
+    const double unit = twipsPerUnit(scaleMode_);
+    return static_cast<qint32>(std::lround(unit > 0 ? Height() / unit : scaleHeight_));
+}
+
+void ControlBase::setScaleHeight(qint32 height) {
+    scaleWidth_ = ScaleWidth();
+    scaleHeight_ = height;
+    scaleMode_ = 0;
+}
+
+void ControlBase::setWidth(qint32 twips) {
+    resizeNow(QSize(TwipsToPixels(twips), height()));
+}
+void ControlBase::setHeight(qint32 twips) {
+    resizeNow(QSize(width(), TwipsToPixels(twips)));
+}
+
+void ControlBase::resizeNow(const QSize& size) {
+    const bool changed = size != this->size();
+    resize(size);
+    // A hidden widget gets its resize event only when shown; the layout is due now.
+    if (changed && testAttribute(Qt::WA_PendingResizeEvent) && started_ && !inResize_) {
+        inResize_ = true;
+        Resize();
+        inResize_ = false;
+    }
+}
+void ControlBase::setLeft(qint32 twips) {
+    move(TwipsToPixels(twips), y());
+}
+void ControlBase::setTop(qint32 twips) {
+    move(x(), TwipsToPixels(twips));
+}
+
+bool ControlBase::TabStop() const {
+    return (focusPolicy() & Qt::TabFocus) != 0;
+}
+
+void ControlBase::setTabStop(bool on) {
+    setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+QObject* ControlBase::sibling(const QString& name) const {
+    Form* form = host_->Parent();
+    return form ? form->Controls(name) : nullptr;
+}
+
+}  // namespace vorelle
