@@ -7,6 +7,9 @@ install(TARGETS Vorelle EXPORT VorelleTargets
 
 foreach(header IN LISTS VORELLE_HEADERS)
     file(RELATIVE_PATH rel ${PROJECT_SOURCE_DIR} ${header})
+    if(rel MATCHES "_p\\.h$")
+        continue()  # private headers stay with the sources
+    endif()
     get_filename_component(dir ${rel} DIRECTORY)
     install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vorelle/${dir})
 endforeach()

@@ -7,16 +7,16 @@
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
 #include "foundation/Zentral.h"
-#include "host/frame/ControlRegistry.h"
-#include "host/input/EntryField.h"
-#include "host/platform/Environment.h"
 #include "host/form/Form.h"
-#include "host/hooks/Hooks.h"
-#include "host/platform/MenuBuilder.h"
-#include "host/platform/MessageBox.h"
+#include "host/frame/ControlRegistry.h"
 #include "host/frame/OleColor.h"
 #include "host/frame/Shape.h"
+#include "host/hooks/Hooks.h"
+#include "host/input/EntryField.h"
 #include "host/input/VirtualKeys.h"
+#include "host/platform/Environment.h"
+#include "host/platform/MenuBuilder.h"
+#include "host/platform/MessageBox.h"
 #include "textentry/FocusFrame.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/TextBoxMenu.h"
@@ -161,7 +161,10 @@ Txt::Txt(QWidget* parent) : FormControl(parent) {
     connect(picDropdownAddMouseOver_, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
 }
 
-Txt::~Txt() = default;
+Txt::~Txt() {
+    // The field's procedure gets its last message while this control is whole.
+    SendDestroyMessages(this);
+}
 
 SymbolPicture* Txt::picture(const QString& name) const {
     return findChild<SymbolPicture*>(name, Qt::FindDirectChildrenOnly);
@@ -347,9 +350,15 @@ void Txt::EnterFocus() {
 void Txt::ExitFocus() {
     const QString text = txtText_->text();
     if (!text.isEmpty() && !rules_.ValidCharAnz().isEmpty() && !rules_.passesOnLeave(text)) {
+        // The box runs a modal loop: its handlers may delete this control.
+        const QPointer<Txt> self(this);
+        QWidget* owner = parentForm_ ? static_cast<QWidget*>(parentForm_.data()) : window();
         MsgBox(
-            QStringLiteral("Die Eingabe in diesem Feld ist ungültig. Bitte korrigieren Sie sie."));
-        txtText_->setFocus();
+            QStringLiteral("Die Eingabe in diesem Feld ist ungültig. Bitte korrigieren Sie sie."),
+            0, QString(), owner);
+        if (self) {
+            txtText_->setFocus();
+        }
         return;
     }
     if (regSave_) {
@@ -551,9 +560,14 @@ void Txt::showContextMenu() {
         return;  // the menu goes through the form's manager; without one it does not open
     }
     setUpdatesEnabled(false);
+    // The menu runs a modal loop: its handlers may delete this control.
+    const QPointer<Txt> self(this);
     const QString chosen = MenuShow(wizard);
-    setUpdatesEnabled(true);
     UnlockWindowUpdate();
+    if (!self) {
+        return;
+    }
+    setUpdatesEnabled(true);
     TextBoxMenuAct(chosen, txtText_);
 }
 

@@ -14,11 +14,13 @@
 #include <QToolBox>
 
 #include "foundation/LateBinding.h"
+#include "host/form/Form_p.h"
 #include "host/frame/ControlBase.h"
-#include "host/platform/Fonts.h"
 #include "host/frame/OleColor.h"
-#include "host/input/VirtualKeys.h"
+#include "host/hooks/Hooks.h"
 #include "host/hooks/WindowHandle.h"
+#include "host/input/VirtualKeys.h"
+#include "host/platform/Fonts.h"
 
 namespace vorelle {
 
@@ -67,13 +69,51 @@ void collect(const QWidget* parent, QList<QWidget*>& out) {
 
 }  // namespace
 
-Form::Form(QWidget* parent) : QWidget(parent) {
+Form::Form(QWidget* parent) : QWidget(parent), d(std::make_unique<FormPrivate>()) {
     InstallFontSubstitutions();
     formList().append(this);
 }
 
 Form::~Form() {
+    if (d->keyPreview && qApp) {
+        qApp->removeEventFilter(this);
+    }
+    // The procedures on the form (and on widgets of the form that are not controls) see
+    // a whole form with its window menu, before QWidget's destructor takes it apart.
+    SendDestroyMessages(this);
     formList().removeAll(this);
+}
+
+int Form::BorderStyle() const {
+    return d->borderStyle;
+}
+
+bool Form::UserMode() const {
+    return d->userMode;
+}
+
+void Form::setUserMode(bool on) {
+    d->userMode = on;
+}
+
+bool Form::KeyPreview() const {
+    return d->keyPreview;
+}
+
+qint32 Form::BackColor() const {
+    return d->backColor;
+}
+
+bool Form::AutoRedraw() const {
+    return d->autoRedraw;
+}
+
+void Form::setAutoRedraw(bool on) {
+    d->autoRedraw = on;
+}
+
+bool Form::isLoaded() const {
+    return d->loadRan;
 }
 
 QList<Form*> Form::loadedForms() {
@@ -144,7 +184,7 @@ void Form::setWindowStateProperty(int state) {
 }
 
 void Form::setBorderStyle(int style) {
-    borderStyle_ = style;
+    d->borderStyle = style;
     Qt::WindowFlags flags = Qt::Window;
     switch (style) {
         case 0:
@@ -188,10 +228,10 @@ QObject* Form::Controls(const QString& name) const {
 }
 
 void Form::setKeyPreview(bool on) {
-    if (on == keyPreview_) {
+    if (on == d->keyPreview) {
         return;
     }
-    keyPreview_ = on;
+    d->keyPreview = on;
     if (on) {
         qApp->installEventFilter(this);
     } else {
@@ -200,7 +240,7 @@ void Form::setKeyPreview(bool on) {
 }
 
 void Form::setBackColor(qint32 color) {
-    backColor_ = color;
+    d->backColor = color;
     QPalette p = palette();
     p.setColor(QPalette::Window, OleToQColor(color));
     setPalette(p);
@@ -210,56 +250,59 @@ void Form::setBackColor(qint32 color) {
 
 QImage& Form::surface() {
     const QSize wanted = size().expandedTo(QSize(1, 1));
-    if (surface_.size() != wanted) {
+    if (d->surface.size() != wanted) {
         QImage grown(wanted, QImage::Format_ARGB32_Premultiplied);
         grown.fill(Qt::transparent);
-        if (!surface_.isNull()) {
+        if (!d->surface.isNull()) {
             QPainter p(&grown);
-            p.drawImage(0, 0, surface_);
+            p.drawImage(0, 0, d->surface);
         }
-        surface_ = std::move(grown);
+        d->surface = std::move(grown);
     }
-    return surface_;
+    return d->surface;
 }
 
 void Form::Cls() {
-    surface_ = QImage();
+    d->surface = QImage();
     update();
 }
 
 void Form::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
-    if (!surface_.isNull()) {
+    if (!d->surface.isNull()) {
         QPainter p(this);
-        p.drawImage(0, 0, surface_);
+        p.drawImage(0, 0, d->surface);
     }
 }
 
 void Form::runLoad() {
-    if (loadRan_) {
+    if (d->loadRan) {
         return;
     }
-    loadRan_ = true;
+    d->loadRan = true;
     if (!formList().contains(this)) {
         formList().append(this);
     }
+    const QPointer<Form> self(this);
     emit Load();
-    LateCall(this, "Form_Load2");
+    if (self) {
+        LateCall(this, "Form_Load2");
+    }
 }
 
 void Form::setVisible(bool visible) {
     // Load comes before the first Resize and Activate of a shown form; a form that stands
     // in a designer runs none.
-    if (visible && !loadRan_ && userMode_) {
+    if (visible && !d->loadRan && d->userMode) {
         runLoad();
     }
     QWidget::setVisible(visible);
 }
 
 bool Form::UnloadForm() {
-    unloadMode_ = 1;
+    d->unloadMode = 1;
     const bool closed = close();
-    unloadMode_ = 0;
+    d->unloadMode = 0;
     return closed;
 }
 
@@ -267,14 +310,20 @@ void Form::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::ActivationChange) {
         const bool active = isActiveWindow();
-        if (active != active_) {
-            active_ = active;
+        if (active != d->active) {
+            d->active = active;
+            // Handlers may open modal boxes; the form may be gone when they return.
+            const QPointer<Form> self(this);
             if (active) {
                 emit Activate();
-                LateCall(this, "Form_Activate2");
+                if (self) {
+                    LateCall(this, "Form_Activate2");
+                }
             } else {
                 emit Deactivate();
-                LateCall(this, "Form_Deactivate2");
+                if (self) {
+                    LateCall(this, "Form_Deactivate2");
+                }
             }
         }
     }
@@ -282,43 +331,65 @@ void Form::changeEvent(QEvent* event) {
 
 void Form::closeEvent(QCloseEvent* event) {
     int cancel = 0;
-    const int mode = unloadMode_;
+    const int mode = d->unloadMode;
+    // Handlers may open modal boxes and delete the form meanwhile: nothing of it is
+    // touched after that.
+    const QPointer<Form> self(this);
     emit QueryUnload(cancel, mode);
+    if (!self) {
+        return;
+    }
     QVariantList args{cancel, mode};
     LateCall(this, "Form_QueryUnload2", args);
+    if (!self) {
+        return;
+    }
     cancel = args.value(0).toInt();
     if (cancel == 0) {
         emit Unload(cancel);
+        if (!self) {
+            return;
+        }
     }
     if (cancel != 0) {
         event->ignore();
         return;
     }
     formList().removeAll(this);
-    loadRan_ = false;  // a form shown again is loaded again
+    d->loadRan = false;  // a form shown again is loaded again
     QWidget::closeEvent(event);
 }
 
 bool Form::eventFilter(QObject* watched, QEvent* event) {
-    if (keyPreview_ && event->type() == QEvent::KeyPress && watched != this) {
-        auto* w = qobject_cast<QWidget*>(watched);
-        if (w && w->window() == this && isAncestorOf(w)) {
-            previewed_ = event;  // not raised again when it reaches the form unhandled
-            if (!raiseKeyDown(static_cast<QKeyEvent*>(event))) {
-                return true;  // a handler swallowed the key
-            }
+    // Each key is previewed once, where it enters the form: at the focus widget. On its way
+    // up through the parents of an ignoring widget it is not raised again.
+    if (d->keyPreview && event->type() == QEvent::KeyPress && watched != this &&
+        watched == QApplication::focusWidget()) {
+        auto* w = static_cast<QWidget*>(watched);
+        if (w->window() == this && isAncestorOf(w) &&
+            !raiseKeyDown(static_cast<QKeyEvent*>(event))) {
+            return true;  // a handler swallowed the key
         }
     }
     return QWidget::eventFilter(watched, event);
 }
 
+bool Form::previewedAtFocus() const {
+    const QWidget* focus = QApplication::focusWidget();
+    return d->keyPreview && focus && focus != this && isAncestorOf(focus);
+}
+
 bool Form::raiseKeyDown(QKeyEvent* event) {
     int keyCode = VirtualKeyFromEvent(event);
     const int shift = ShiftFromModifiers(event->modifiers());
+    const QPointer<Form> self(this);
     emit KeyDown(keyCode, shift);
+    if (!self) {
+        return false;
+    }
     QVariantList args{keyCode, shift};
     LateCall(this, "Form_KeyDown2", args);
-    return keyCode != 0 && args.value(0).toInt() != 0;
+    return self && keyCode != 0 && args.value(0).toInt() != 0;
 }
 
 void Form::resizeEvent(QResizeEvent* event) {
@@ -328,17 +399,18 @@ void Form::resizeEvent(QResizeEvent* event) {
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
-    const bool previewed = previewed_ == event;
-    previewed_ = nullptr;
-    if (previewed) {
+    if (previewedAtFocus()) {
         QWidget::keyPressEvent(event);
         return;
     }
+    const QPointer<Form> self(this);
     if (!raiseKeyDown(event)) {
         event->accept();
         return;
     }
-    QWidget::keyPressEvent(event);
+    if (self) {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void Form::mousePressEvent(QMouseEvent* event) {
@@ -359,9 +431,14 @@ void Form::mousePressEvent(QMouseEvent* event) {
     const int shift = ShiftFromModifiers(event->modifiers());
     const auto x = static_cast<float>(PixelsToTwips(qRound(event->position().x())));
     const auto y = static_cast<float>(PixelsToTwips(qRound(event->position().y())));
+    const QPointer<Form> self(this);
     emit MouseDown(button, shift, x, y);
-    LateCall(this, "Form_MouseDown2", {button, shift, x, y});
-    QWidget::mousePressEvent(event);
+    if (self) {
+        LateCall(this, "Form_MouseDown2", {button, shift, x, y});
+    }
+    if (self) {
+        QWidget::mousePressEvent(event);
+    }
 }
 
 }  // namespace vorelle

@@ -4,10 +4,13 @@
 #include <QList>
 #include <QString>
 #include <QWidget>
+#include <memory>
 
 #include "foundation/Export.h"
 
 namespace vorelle {
+
+class FormPrivate;
 
 // A form: the window that hosts controls. Its notifications are signals that controls
 // bind to; each also reaches the form's own optional routine when the form class offers
@@ -42,103 +45,143 @@ class VORELLE_EXPORT Form : public QWidget {
     Q_PROPERTY(bool AutoRedraw READ AutoRedraw WRITE setAutoRedraw)
 
 public:
+    /// Creates the form and puts it in the list of loaded forms.
     explicit Form(QWidget* parent = nullptr);
+    /// Gives the hooks of the form and of the widgets on it their last message while the
+    /// form is whole, and takes the form off the list of loaded forms.
     ~Form() override;
 
+    /// The form's name.
     QString Name() const { return objectName(); }
+    /// Sets the form's name.
     void setName(const QString& name) { setObjectName(name); }
+    /// The title bar text.
     QString Caption() const { return windowTitle(); }
+    /// Sets the title bar text.
     void setCaption(const QString& caption) { setWindowTitle(caption); }
+    /// Left edge of the window frame, in twips.
     qint32 Left() const;
+    /// Moves the window frame's left edge, in twips.
     void setLeft(qint32 twips);
+    /// Top edge of the window frame, in twips.
     qint32 Top() const;
+    /// Moves the window frame's top edge, in twips.
     void setTop(qint32 twips);
+    /// Width of the window frame, in twips.
     qint32 Width() const;
+    /// Sets the width of the window frame, in twips.
     void setWidth(qint32 twips);
+    /// Height of the window frame, in twips.
     qint32 Height() const;
+    /// Sets the height of the window frame, in twips.
     void setHeight(qint32 twips);
+    /// Width of the client area, in twips.
     qint32 ScaleWidth() const;
+    /// Height of the client area, in twips.
     qint32 ScaleHeight() const;
-    // 0 normal, 1 minimized, 2 maximized.
+    /// 0 normal, 1 minimized, 2 maximized.
     int WindowState() const;
+    /// Sets the window state: 0 normal, 1 minimized, 2 maximized.
     void setWindowStateProperty(int state);
-    // 0 none, 1 fixed single, 2 sizable, 3 fixed dialog, 4 fixed tool window, 5 sizable tool
-    // window.
-    int BorderStyle() const { return borderStyle_; }
+    /// 0 none, 1 fixed single, 2 sizable, 3 fixed dialog, 4 fixed tool window, 5 sizable
+    /// tool window.
+    int BorderStyle() const;
+    /// Sets the border style and the window flags that go with it.
     void setBorderStyle(int style);
+    /// Whether the form takes input.
     bool Enabled() const { return isEnabled(); }
+    /// Sets whether the form takes input.
     void setEnabledProperty(bool on) { setEnabled(on); }
+    /// The form's window handle.
     qint32 hWnd() const;
-    // False while the form stands in a designer: controls then do no run-time work.
-    bool UserMode() const { return userMode_; }
-    void setUserMode(bool on) { userMode_ = on; }
-    // True: KeyDown is raised for keys typed into any control of the form, before the
-    // control sees them.
-    bool KeyPreview() const { return keyPreview_; }
+    /// False while the form stands in a designer: controls then do no run-time work.
+    bool UserMode() const;
+    /// Sets run mode (true) or design mode (false).
+    void setUserMode(bool on);
+    /// True: KeyDown is raised for keys typed into any control of the form, before the
+    /// control sees them, once for each key.
+    bool KeyPreview() const;
+    /// Switches the preview of the controls' keys on or off.
     void setKeyPreview(bool on);
-    // The surface colour (OLE colour); Cls clears to it.
-    qint32 BackColor() const { return backColor_; }
+    /// The surface colour (OLE colour); Cls clears to it.
+    qint32 BackColor() const;
+    /// Sets the surface colour (OLE colour).
     void setBackColor(qint32 color);
-    // True: what is drawn on surface() persists and is shown under the controls.
-    bool AutoRedraw() const { return autoRedraw_; }
-    void setAutoRedraw(bool on) { autoRedraw_ = on; }
-    // The persistent drawing of the form (gradients, caption effects), the size of the
-    // form's client area; drawn under the controls. update() after drawing.
+    /// True: what is drawn on surface() persists and is shown under the controls.
+    bool AutoRedraw() const;
+    /// Sets whether what is drawn persists.
+    void setAutoRedraw(bool on);
+    /// The persistent drawing of the form (gradients, caption effects), the size of the
+    /// form's client area; drawn under the controls. update() after drawing.
     QImage& surface();
 
-    // The controls of the form, flat and in collection order, controls inside
-    // containers included.
+    /// The controls of the form, flat and in collection order, controls inside
+    /// containers included.
     QList<QWidget*> Controls() const;
-    // A control by name (case-insensitive), or nullptr.
+    /// A control by name (case-insensitive), or nullptr.
     Q_INVOKABLE QObject* Controls(const QString& name) const;
-    // Clears what was painted on the form's surface.
+    /// Clears what was painted on the form's surface.
     Q_INVOKABLE void Cls();
 
-    // Runs Load: the signal, then the form's own Form_Load2 if any. Only the first call
-    // does anything; showing the form calls it when nobody has.
+    /// Runs Load: the signal, then the form's own Form_Load2 if any. Only the first call
+    /// does anything; showing the form calls it when nobody has.
     void runLoad();
-    bool isLoaded() const { return loadRan_; }
-    // Unloads the form from code: QueryUnload with UnloadMode 1, Unload, then the form
-    // closes. False when a handler cancelled.
+    /// True once Load has run (until the form is unloaded).
+    bool isLoaded() const;
+    /// Unloads the form from code: QueryUnload with UnloadMode 1, Unload, then the form
+    /// closes. False when a handler cancelled.
     Q_INVOKABLE bool UnloadForm();
+    /// Runs Load before the first show of a form at run time.
     void setVisible(bool visible) override;
 
-    // Every form that is loaded in the process, oldest first.
+    /// Every form that is loaded in the process, oldest first.
     static QList<Form*> loadedForms();
 
 signals:
+    /// The form is loaded (once, before it is first shown).
     void Load();
+    /// The form became the active window.
     void Activate();
+    /// The form stopped being the active window.
     void Deactivate();
+    /// The form is about to close; a handler sets Cancel to keep it. UnloadMode 0 by the
+    /// user, 1 from code.
     void QueryUnload(int& Cancel, int UnloadMode);
+    /// The form closes now; a handler may still set Cancel.
     void Unload(int& Cancel);
+    /// The form's size changed.
     void Resize();
+    /// A key went down on the form (or, with KeyPreview, on one of its controls); a
+    /// handler sets KeyCode to 0 to drop it.
     void KeyDown(int& KeyCode, int Shift);
+    /// A mouse button went down on the form's own surface; places in twips.
     void MouseDown(int Button, int Shift, float X, float Y);
 
 protected:
+    /// Previews the keys of the controls when KeyPreview is on.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    /// Draws the persistent surface under the controls.
     void paintEvent(QPaintEvent* event) override;
+    /// Raises Activate and Deactivate.
     void changeEvent(QEvent* event) override;
+    /// Raises QueryUnload and Unload.
     void closeEvent(QCloseEvent* event) override;
+    /// Raises Resize.
     void resizeEvent(QResizeEvent* event) override;
+    /// Raises KeyDown for a key that was not previewed.
     void keyPressEvent(QKeyEvent* event) override;
+    /// Raises MouseDown.
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    // KeyDown and Form_KeyDown2; false when a handler set KeyCode to 0.
+    // KeyDown and Form_KeyDown2; false when a handler set KeyCode to 0 (or the form went
+    // away meanwhile).
     bool raiseKeyDown(QKeyEvent* event);
+    // True when the key goes to the focus widget of this form first, and so was seen by
+    // the preview already.
+    bool previewedAtFocus() const;
 
-    QImage surface_;
-    const QEvent* previewed_ = nullptr;
-    int borderStyle_ = 2;
-    int unloadMode_ = 0;
-    qint32 backColor_ = static_cast<qint32>(0x8000000F);
-    bool userMode_ = true;
-    bool active_ = false;
-    bool loadRan_ = false;
-    bool keyPreview_ = false;
-    bool autoRedraw_ = false;
+    std::unique_ptr<FormPrivate> d;
 };
 
 }  // namespace vorelle

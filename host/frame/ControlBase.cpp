@@ -8,11 +8,13 @@
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/LibraryInfo.h"
-#include "host/platform/Environment.h"
 #include "host/form/Form.h"
-#include "host/platform/MessageBox.h"
+#include "host/frame/ControlBase_p.h"
 #include "host/frame/OleColor.h"
+#include "host/hooks/Hooks.h"
 #include "host/hooks/WindowHandle.h"
+#include "host/platform/Environment.h"
+#include "host/platform/MessageBox.h"
 
 namespace vorelle {
 
@@ -48,14 +50,23 @@ constexpr char kConstituentMark[] = "vorelleConstituent";
 }  // namespace
 
 ControlBase::ControlBase(QWidget* parent)
-    : QWidget(parent), host_(std::make_unique<ControlHost>(this)) {
+    : QWidget(parent), d(std::make_unique<ControlBasePrivate>()) {
+    d->host = std::make_unique<ControlHost>(this);
     ++instanceCount();
     if (qApp) {
-        connect(qApp, &QApplication::focusChanged, this, &ControlBase::onFocusChanged);
+        d->focusConnection =
+            connect(qApp, &QApplication::focusChanged, this, &ControlBase::onFocusChanged);
     }
 }
 
 ControlBase::~ControlBase() {
+    // QWidget's destructor gives the focus away and reports it: this control is gone by
+    // then and must hear nothing more.
+    disconnect(d->focusConnection);
+    d->hasFocus = false;
+    // The hooks on the control and its constituents get their last message while the
+    // control is whole.
+    SendDestroyMessages(this);
     --instanceCount();
 }
 
@@ -65,8 +76,68 @@ int ControlBase::liveInstances() {
 
 void ControlBase::setHost(std::unique_ptr<ControlHost> host) {
     if (host) {
-        host_ = std::move(host);
+        d->host = std::move(host);
     }
+}
+
+ControlHost& ControlBase::host() {
+    return *d->host;
+}
+
+const ControlHost& ControlBase::host() const {
+    return *d->host;
+}
+
+bool ControlBase::isStarted() const {
+    return d->started;
+}
+
+bool ControlBase::focusInside() const {
+    return d->hasFocus;
+}
+
+const QString& ControlBase::FormName() const {
+    return d->formName;
+}
+
+const QString& ControlBase::ControlName() const {
+    return d->controlName;
+}
+
+const QString& ControlBase::ModuleAppName() const {
+    return d->moduleAppName;
+}
+
+int ControlBase::ScaleMode() const {
+    return d->scaleMode;
+}
+
+bool ControlBase::AutoRedraw() const {
+    return d->autoRedraw;
+}
+
+void ControlBase::setAutoRedraw(bool on) {
+    d->autoRedraw = on;
+}
+
+qint32 ControlBase::ForeColor() const {
+    return d->foreColor;
+}
+
+qint32 ControlBase::BackColor() const {
+    return d->backColor;
+}
+
+bool ControlBase::Enabled() const {
+    return d->enabled;
+}
+
+bool ControlBase::userMode() const {
+    return d->host->UserMode();
+}
+
+Form* ControlBase::parentForm() const {
+    return d->host->Parent();
 }
 
 // --- Life cycle -----------------------------------------------------------------------------
@@ -74,7 +145,7 @@ void ControlBase::setHost(std::unique_ptr<ControlHost> host) {
 void ControlBase::startNew() {
     Initialize();
     InitProperties();
-    started_ = true;
+    d->started = true;
     Resize();
 }
 
@@ -84,7 +155,7 @@ void ControlBase::startFrom(const PropertyBag& bag) {
     ReadProperties(bag);
     ApplyLanguage();
     AfterReadProperties();
-    started_ = true;
+    d->started = true;
     Resize();
 }
 
@@ -100,17 +171,17 @@ void ControlBase::Initialize() {
 
 void ControlBase::InitProperties() {
     if (neverTakesFocus()) {
-        LateSet(sibling(host_->DisplayName()), "TabStop", false);
+        LateSet(sibling(d->host->DisplayName()), "TabStop", false);
     }
 }
 
 void ControlBase::beginReadProperties() {
-    moduleAppName_ = GetModuleAppName(QString());
-    const Form* form = host_->Parent();
-    formName_ = form ? form->Name() : QString();  // not on a form: FormName stays ""
-    controlName_ = host_->DisplayName();
-    if (!host_->UserMode() && neverTakesFocus()) {
-        LateSet(sibling(controlName_), "TabStop", false);
+    d->moduleAppName = GetModuleAppName(QString());
+    const Form* form = d->host->Parent();
+    d->formName = form ? form->Name() : QString();  // not on a form: FormName stays ""
+    d->controlName = d->host->DisplayName();
+    if (!d->host->UserMode() && neverTakesFocus()) {
+        LateSet(sibling(d->controlName), "TabStop", false);
     }
 }
 
@@ -121,11 +192,11 @@ void ControlBase::EnterFocus() {}
 void ControlBase::ExitFocus() {}
 
 void ControlBase::PropertyChanged(const QString& name) {
-    host_->PropertyChanged(name);
+    d->host->PropertyChanged(name);
 }
 
 bool ControlBase::HookAllowed() const {
-    return host_->UserMode() && !formName_.startsWith(QStringLiteral("prop"));
+    return d->host->UserMode() && !d->formName.startsWith(QStringLiteral("prop"));
 }
 
 void ControlBase::PassFocusOn() {
@@ -148,10 +219,10 @@ QVariant ControlBase::callFormWizard(const char* member, const QVariantList& arg
 
 void ControlBase::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    if (started_ && !inResize_) {
-        inResize_ = true;
+    if (d->started && !d->inResize) {
+        d->inResize = true;
         Resize();
-        inResize_ = false;
+        d->inResize = false;
     }
 }
 
@@ -162,11 +233,11 @@ void ControlBase::onFocusChanged(QWidget* old, QWidget* now) {
         return;
     }
     const bool inside = now && (now == this || isAncestorOf(now));
-    if (inside && !hasFocus_) {
-        hasFocus_ = true;
+    if (inside && !d->hasFocus) {
+        d->hasFocus = true;
         EnterFocus();
-    } else if (!inside && hasFocus_) {
-        hasFocus_ = false;
+    } else if (!inside && d->hasFocus) {
+        d->hasFocus = false;
         ExitFocus();
     }
 }
@@ -231,19 +302,19 @@ QString ControlBase::aboutText() const {
 
 // German only and the same in both modes: the About box does not follow the language.
 void ControlBase::ShowAbout() {
-    MsgBox(aboutText(), 0, QString::fromUtf8(kLibraryTitle));
+    MsgBox(aboutText(), 0, QString::fromUtf8(kLibraryTitle), window());
 }
 
 // --- Shared common members ---------------------------------------------------------------
 
 void ControlBase::setForeColor(qint32 color) {
-    foreColor_ = color;
+    d->foreColor = color;
     applyForeColor(OleToQColor(color));
     PropertyChanged(QStringLiteral("ForeColor"));
 }
 
 void ControlBase::setBackColor(qint32 color) {
-    backColor_ = color;
+    d->backColor = color;
     applyBackColor(OleToQColor(color));
     PropertyChanged(QStringLiteral("BackColor"));
 }
@@ -255,7 +326,7 @@ void ControlBase::setFontProperty(const QFont& font) {
 }
 
 void ControlBase::setEnabledProperty(bool on) {
-    enabled_ = on;
+    d->enabled = on;
     applyEnabled(on);
     PropertyChanged(QStringLiteral("Enabled"));
 }
@@ -295,12 +366,12 @@ void ControlBase::applyEnabled(bool on) {
 }
 
 void ControlBase::initForeColor(qint32 color) {
-    foreColor_ = color;
+    d->foreColor = color;
     applyForeColor(OleToQColor(color));
 }
 
 void ControlBase::initBackColor(qint32 color) {
-    backColor_ = color;
+    d->backColor = color;
     applyBackColor(OleToQColor(color));
 }
 
@@ -321,52 +392,52 @@ void ControlBase::writeBackColor(PropertyBag& bag, qint32 defaultColor) const {
 }
 
 void ControlBase::readFont(const PropertyBag& bag) {
-    const QFont f = bag.ReadProperty(QStringLiteral("Font"), host_->AmbientFont()).value<QFont>();
+    const QFont f = bag.ReadProperty(QStringLiteral("Font"), d->host->AmbientFont()).value<QFont>();
     setFont(f);
     applyFont(f);
 }
 
 void ControlBase::writeFont(PropertyBag& bag) const {
-    bag.WriteProperty(QStringLiteral("Font"), Font(), host_->AmbientFont());
+    bag.WriteProperty(QStringLiteral("Font"), Font(), d->host->AmbientFont());
 }
 
 void ControlBase::readEnabled(const PropertyBag& bag) {
-    enabled_ = bag.ReadProperty(QStringLiteral("Enabled"), true).toBool();
-    applyEnabled(enabled_);
+    d->enabled = bag.ReadProperty(QStringLiteral("Enabled"), true).toBool();
+    applyEnabled(d->enabled);
 }
 
 void ControlBase::writeEnabled(PropertyBag& bag) const {
-    bag.WriteProperty(QStringLiteral("Enabled"), enabled_, true);
+    bag.WriteProperty(QStringLiteral("Enabled"), d->enabled, true);
 }
 
 void ControlBase::setScaleMode(int mode) {
-    if (mode == 0 && scaleMode_ != 0) {
-        scaleWidth_ = ScaleWidth();
-        scaleHeight_ = ScaleHeight();
+    if (mode == 0 && d->scaleMode != 0) {
+        d->scaleWidth = ScaleWidth();
+        d->scaleHeight = ScaleHeight();
     }
-    scaleMode_ = mode;
+    d->scaleMode = mode;
 }
 
 qint32 ControlBase::ScaleWidth() const {
-    const double unit = twipsPerUnit(scaleMode_);
-    return static_cast<qint32>(std::lround(unit > 0 ? Width() / unit : scaleWidth_));
+    const double unit = twipsPerUnit(d->scaleMode);
+    return static_cast<qint32>(std::lround(unit > 0 ? Width() / unit : d->scaleWidth));
 }
 
 void ControlBase::setScaleWidth(qint32 width) {
-    scaleHeight_ = ScaleHeight();
-    scaleWidth_ = width;
-    scaleMode_ = 0;
+    d->scaleHeight = ScaleHeight();
+    d->scaleWidth = width;
+    d->scaleMode = 0;
 }
 
 qint32 ControlBase::ScaleHeight() const {
-    const double unit = twipsPerUnit(scaleMode_);
-    return static_cast<qint32>(std::lround(unit > 0 ? Height() / unit : scaleHeight_));
+    const double unit = twipsPerUnit(d->scaleMode);
+    return static_cast<qint32>(std::lround(unit > 0 ? Height() / unit : d->scaleHeight));
 }
 
 void ControlBase::setScaleHeight(qint32 height) {
-    scaleWidth_ = ScaleWidth();
-    scaleHeight_ = height;
-    scaleMode_ = 0;
+    d->scaleWidth = ScaleWidth();
+    d->scaleHeight = height;
+    d->scaleMode = 0;
 }
 
 void ControlBase::setWidth(qint32 twips) {
@@ -380,10 +451,10 @@ void ControlBase::resizeNow(const QSize& size) {
     const bool changed = size != this->size();
     resize(size);
     // A hidden widget gets its resize event only when shown; the layout is due now.
-    if (changed && testAttribute(Qt::WA_PendingResizeEvent) && started_ && !inResize_) {
-        inResize_ = true;
+    if (changed && testAttribute(Qt::WA_PendingResizeEvent) && d->started && !d->inResize) {
+        d->inResize = true;
         Resize();
-        inResize_ = false;
+        d->inResize = false;
     }
 }
 void ControlBase::setLeft(qint32 twips) {
@@ -402,7 +473,7 @@ void ControlBase::setTabStop(bool on) {
 }
 
 QObject* ControlBase::sibling(const QString& name) const {
-    Form* form = host_->Parent();
+    Form* form = d->host->Parent();
     return form ? form->Controls(name) : nullptr;
 }
 

@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QWheelEvent>
 #include <QWidget>
+#include <utility>
 
 #include "foundation/LateBinding.h"
 #include "foundation/Logs.h"
@@ -63,15 +64,27 @@ public:
     }
 
     ~HookFilter() override {
+        // A plain widget (not a form or control) gets its last message here, late.
+        if (!released_) {
+            sendLastMessage();
+        }
+    }
+
+    // The widget's last message for the procedure; afterwards the filter is inert and its
+    // row is gone, whether the procedure unhooked itself or not.
+    void sendLastMessage() {
         if (released_) {
             return;
+        }
+        released_ = true;
+        if (widget_) {
+            widget_->removeEventFilter(this);
         }
         HookTable& t = table();
         HookFilter* const outer = std::exchange(t.dying, this);
         WindowDestroyEvent event(hwnd_);
         proc_(widget_.data(), &event);
         t.dying = outer;
-        // A procedure that did not unhook itself still leaves no row behind.
         for (int i = 0; i < t.count; ++i) {
             if (t.entries[i].filter == this) {
                 removeRow(i);
@@ -79,6 +92,8 @@ public:
             }
         }
     }
+
+    QWidget* widget() const { return widget_.data(); }
 
     // Taken off its widget by Unhook: no more events, no last message.
     void release() {
@@ -332,6 +347,43 @@ bool WMPROC_Form(QWidget* widget, QEvent* event) {
         Unhook(static_cast<WindowDestroyEvent*>(event)->hwnd());
     }
     return false;
+}
+
+void SendDestroyMessages(QWidget* window) {
+    if (!window) {
+        return;
+    }
+    // Newest hook first, as each procedure hands on to the one it replaced.
+    QList<QPointer<HookFilter>> going;
+    const HookTable& t = table();
+    for (int i = t.count - 1; i >= 0; --i) {
+        HookFilter* filter = t.entries[i].filter.data();
+        QWidget* widget = filter ? filter->widget() : nullptr;
+        if (widget && (widget == window || window->isAncestorOf(widget))) {
+            going.append(filter);
+        }
+    }
+    for (const QPointer<HookFilter>& filter : going) {
+        if (filter) {
+            filter->sendLastMessage();
+            delete filter.data();
+        }
+    }
+}
+
+void HooksReset() {
+    HookTable& t = table();
+    const QList<Entry> entries = std::exchange(t.entries, {});
+    t.count = 0;
+    t.dying = nullptr;
+    for (const Entry& entry : entries) {
+        if (entry.filter) {
+            entry.filter->release();
+        }
+    }
+    MouseDoubleClicked() = false;
+    MouseWheelDirection() = 0;
+    ToolTipShowDelay() = 0;
 }
 
 bool& MouseDoubleClicked() {

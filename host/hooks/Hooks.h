@@ -38,6 +38,13 @@ VORELLE_EXPORT qintptr Hook(QObject* FormOrControl, WindowProc ProcAddress,
 // procedure, 0 (logged) when hwnd has no row.
 VORELLE_EXPORT qintptr Unhook(qint32 hwnd);
 VORELLE_EXPORT qintptr HookPrevProc(qint32 hwnd);
+// Gives every hook on the widget and on the widgets inside it its last message (a
+// WindowDestroyEvent) now, newest hook first, and drops their rows. Forms and controls
+// call it from their own destructors, so that the procedures find them whole.
+VORELLE_EXPORT void SendDestroyMessages(QWidget* window);
+// Empties the hook table and the values set by the procedures, taking every hook off its
+// widget without a last message (tests start from a clean process state).
+VORELLE_EXPORT void HooksReset();
 VORELLE_EXPORT QString HookObjectName(qint32 hwnd);
 VORELLE_EXPORT int HookCount();
 

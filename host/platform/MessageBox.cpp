@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
+#include <utility>
 
 #include "foundation/ServiceSlot.h"
 
@@ -9,16 +11,38 @@ namespace vorelle {
 
 MessageBox::~MessageBox() = default;
 
+namespace {
+
+QPointer<QWidget>& currentOwner() {
+    static QPointer<QWidget> owner;
+    return owner;
+}
+
+}  // namespace
+
+QWidget* MessageBox::owner() {
+    return currentOwner().data();
+}
+
 int SystemMessageBox::show(const QString& text, const QString& title, int style) {
-    QMessageBox box;
+    QMessageBox box(owner());
     box.setText(text);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationName() : title);
     switch (style & 0x70) {
-        case 16: box.setIcon(QMessageBox::Critical); break;
-        case 32: box.setIcon(QMessageBox::Question); break;
-        case 48: box.setIcon(QMessageBox::Warning); break;
-        case 64: box.setIcon(QMessageBox::Information); break;
-        default: break;
+        case 16:
+            box.setIcon(QMessageBox::Critical);
+            break;
+        case 32:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case 48:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        case 64:
+            box.setIcon(QMessageBox::Information);
+            break;
+        default:
+            break;
     }
     struct Choice {
         QMessageBox::StandardButton button;
@@ -26,18 +50,28 @@ int SystemMessageBox::show(const QString& text, const QString& title, int style)
     };
     QList<Choice> choices;
     switch (style & 0x0F) {
-        case 1: choices = {{QMessageBox::Ok, vbOK}, {QMessageBox::Cancel, vbCancel}}; break;
+        case 1:
+            choices = {{QMessageBox::Ok, vbOK}, {QMessageBox::Cancel, vbCancel}};
+            break;
         case 2:
-            choices = {{QMessageBox::Abort, vbAbort}, {QMessageBox::Retry, vbRetry},
+            choices = {{QMessageBox::Abort, vbAbort},
+                       {QMessageBox::Retry, vbRetry},
                        {QMessageBox::Ignore, vbIgnore}};
             break;
         case 3:
-            choices = {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo},
+            choices = {{QMessageBox::Yes, vbYes},
+                       {QMessageBox::No, vbNo},
                        {QMessageBox::Cancel, vbCancel}};
             break;
-        case 4: choices = {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo}}; break;
-        case 5: choices = {{QMessageBox::Retry, vbRetry}, {QMessageBox::Cancel, vbCancel}}; break;
-        default: choices = {{QMessageBox::Ok, vbOK}}; break;
+        case 4:
+            choices = {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo}};
+            break;
+        case 5:
+            choices = {{QMessageBox::Retry, vbRetry}, {QMessageBox::Cancel, vbCancel}};
+            break;
+        default:
+            choices = {{QMessageBox::Ok, vbOK}};
+            break;
     }
     QMessageBox::StandardButtons buttons;
     for (const Choice& c : choices) {
@@ -54,14 +88,22 @@ int SystemMessageBox::show(const QString& text, const QString& title, int style)
     return choices.size() == 1 ? choices.front().result : vbCancel;
 }
 
-void SystemMessageBox::beep() { QApplication::beep(); }
+void SystemMessageBox::beep() {
+    QApplication::beep();
+}
 
 VORELLE_DEFINE_SERVICE(MessageBox, SystemMessageBox)
 
-int MsgBox(const QString& Text, int Style, const QString& Title) {
-    return MessageBox::instance().show(Text, Title, Style);
+int MsgBox(const QString& Text, int Style, const QString& Title, QWidget* Owner) {
+    // Nested boxes each have their own owner; the outer one's comes back afterwards.
+    const QPointer<QWidget> outer = std::exchange(currentOwner(), QPointer<QWidget>(Owner));
+    const int answer = MessageBox::instance().show(Text, Title, Style);
+    currentOwner() = outer;
+    return answer;
 }
 
-void Beep() { MessageBox::instance().beep(); }
+void Beep() {
+    MessageBox::instance().beep();
+}
 
 }  // namespace vorelle

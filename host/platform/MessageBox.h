@@ -2,12 +2,22 @@
 
 #include <QString>
 
+class QWidget;
+
 #include "foundation/Export.h"
 
 namespace vorelle {
 
 // Answers of a message box, as the platform numbers them.
-enum MsgBoxResult { vbOK = 1, vbCancel = 2, vbAbort = 3, vbRetry = 4, vbIgnore = 5, vbYes = 6, vbNo = 7 };
+enum MsgBoxResult {
+    vbOK = 1,
+    vbCancel = 2,
+    vbAbort = 3,
+    vbRetry = 4,
+    vbIgnore = 5,
+    vbYes = 6,
+    vbNo = 7
+};
 
 // Style bits: buttons in the low nibble (0 OK, 1 OK/Cancel, 2 Abort/Retry/Ignore,
 // 3 Yes/No/Cancel, 4 Yes/No, 5 Retry/Cancel), icons 16 critical, 32 question,
@@ -22,6 +32,9 @@ public:
 
     static MessageBox& instance();
     static MessageBox* setInstance(MessageBox* box);
+    // The window that owns the box being shown (its parent), nullptr for none. Set by
+    // MsgBox for the time of one show().
+    static QWidget* owner();
 };
 
 class VORELLE_EXPORT SystemMessageBox : public MessageBox {
@@ -30,8 +43,11 @@ public:
     void beep() override;
 };
 
-// The routines the controls call.
-VORELLE_EXPORT int MsgBox(const QString& Text, int Style = 0, const QString& Title = QString());
+// The routines the controls call. Owner, when given, is the window the box belongs to: it
+// stays modal to it and is centred over it. The caller must not rely on Owner (or anything
+// else) still being alive when MsgBox returns: handlers run while the box is up.
+VORELLE_EXPORT int MsgBox(const QString& Text, int Style = 0, const QString& Title = QString(),
+                          QWidget* Owner = nullptr);
 VORELLE_EXPORT void Beep();
 
 }  // namespace vorelle

@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QString>
 #include <QTimeZone>
+#include <QWidget>
+#include <functional>
 
 #include "foundation/Clock.h"
 #include "foundation/MemoryRegistry.h"
@@ -54,10 +56,18 @@ public:
     };
     QList<int> answers;
     QList<Shown> shown;
+    // The windows that owned the boxes shown, nullptr for a box without one.
+    QList<QWidget*> owners;
     int beeps = 0;
+    // Runs while a box is up, as the handlers of a real modal loop would.
+    std::function<void()> whileShown;
 
     int show(const QString& text, const QString& title, int style) override {
         shown.append({text, title, style});
+        owners.append(MessageBox::owner());
+        if (whileShown) {
+            whileShown();
+        }
         return answers.isEmpty() ? 1 : answers.takeFirst();
     }
     void beep() override { ++beeps; }

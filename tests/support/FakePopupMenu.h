@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 
 #include "host/platform/MenuBuilder.h"
 #include "host/platform/PopupMenu.h"
@@ -20,11 +21,16 @@ public:
     QString choose;
     QList<Shown> shown;
     bool openWhileShown = false;
+    // Runs while the menu is up, as the handlers of a real modal loop would.
+    std::function<void()> whileShown;
 
     int exec(const QString& title, const QList<MenuRow>& rows, const QPoint& pos,
              QWidget*) override {
         shown.append({title, rows, pos});
         openWhileShown = MenuIsOpen();
+        if (whileShown) {
+            whileShown();
+        }
         for (int i = 0; i < rows.size(); ++i) {
             if (rows.at(i).id == choose) {
                 return i + 1;

@@ -2,8 +2,8 @@
 
 #include <QClipboard>
 
-#include "host/hooks/Hooks.h"
 #include "host/frame/Shape.h"
+#include "host/hooks/Hooks.h"
 #include "support/FakePopupMenu.h"
 #include "textentry/FocusFrame.h"
 #include "textentry/SymbolPicture.h"
@@ -43,6 +43,32 @@ TEST_F(TxtTest, LeavingAFailingFieldKeepsTheFocusWithTheGermanMessage) {
     type(QStringLiteral("."));
     leave();
     EXPECT_EQ(box.shown.size(), 1);
+    EXPECT_TRUE(other->hasFocus());
+}
+
+TEST_F(TxtTest, AFocusedFieldDeletedOnAnActiveFormLeavesNoHandlerBehind) {
+    make({{QStringLiteral("ValidCharAnz"), QStringLiteral(".=1")}});
+    type(QStringLiteral("123"));  // would fail the check on leaving
+    ASSERT_TRUE(form.isActiveWindow());
+    ASSERT_TRUE(field()->hasFocus());
+    delete txt;
+    txt = nullptr;
+    EXPECT_TRUE(box.shown.isEmpty());  // no check of a control that is going away
+    other->setFocus();
+    EXPECT_TRUE(other->hasFocus());
+}
+
+TEST_F(TxtTest, TheMessageBoxOnLeavingBelongsToTheFormAndSurvivesItsControlsDeletion) {
+    make({{QStringLiteral("ValidCharAnz"), QStringLiteral(".=1")}});
+    type(QStringLiteral("123"));
+    box.whileShown = [this] {
+        delete txt;  // a handler of the modal loop removes the control
+        txt = nullptr;
+    };
+    leave();
+    ASSERT_EQ(box.shown.size(), 1);
+    EXPECT_EQ(box.owners.at(0), &form);
+    EXPECT_EQ(txt, nullptr);
     EXPECT_TRUE(other->hasFocus());
 }
 
@@ -360,6 +386,22 @@ TEST_F(TxtMenuTest, NoMenuWithoutTheFormManagerOrInAPasswordField) {
     txt->setPasswordChar(QStringLiteral("*"));
     rightClick();
     EXPECT_TRUE(popup.shown.isEmpty());
+}
+
+TEST_F(TxtMenuTest, AControlDeletedWhileItsMenuIsUpIsNotTouchedAfterwards) {
+    withWizard();
+    make();
+    popup.choose = QStringLiteral("selall");
+    popup.whileShown = [this] {
+        delete txt;
+        txt = nullptr;
+    };
+    QPointer<EntryField> field = this->field();
+    QTest::mousePress(field, Qt::RightButton, Qt::NoModifier, QPoint(5, 5));  // no release
+    ASSERT_EQ(popup.shown.size(), 1);
+    EXPECT_EQ(txt, nullptr);
+    EXPECT_TRUE(field.isNull());
+    deliverPostedKeys();  // the chosen action, had it been posted, finds no field
 }
 
 // --- Symbols

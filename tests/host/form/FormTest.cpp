@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QFrame>
+#include <QGroupBox>
 #include <QLineEdit>
 #include <QTest>
 
@@ -12,10 +13,10 @@
 #include "display/des.h"
 #include "display/fra.h"
 #include "foundation/LateBinding.h"
-#include "host/platform/Fonts.h"
 #include "host/frame/RecordingControl.h"
-#include "host/platform/Screen.h"
 #include "host/input/VirtualKeys.h"
+#include "host/platform/Fonts.h"
+#include "host/platform/Screen.h"
 #include "numberdate/Num.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
@@ -154,6 +155,31 @@ TEST_F(FormRoutinesTest, KeyPreviewSeesKeysOfTheControlsFirstAndCanDropThem) {
     EXPECT_EQ(form.calls.filter(QStringLiteral("KeyDown2")),
               QStringList({"KeyDown2(67,0)", "KeyDown2(68,0)"}));
     EXPECT_EQ(signals_.filter(QStringLiteral("KeyDown")).size(), 2);  // once each
+    form.setKeyPreview(false);
+}
+
+TEST_F(FormRoutinesTest, KeyPreviewRaisesAKeyIgnoredInsideAGroupBoxOnce) {
+    auto* group = add<QGroupBox>(&form, "grpAddress");
+    auto* field = add<QLineEdit>(group, "txtStreet");
+    showActive();
+    field->setFocus();
+    form.setKeyPreview(true);
+    QTest::keyClick(field, Qt::Key_F5);  // a line edit ignores F5: it travels up to the form
+    EXPECT_EQ(form.calls.filter(QStringLiteral("KeyDown2")), QStringList({"KeyDown2(116,0)"}));
+    EXPECT_EQ(signals_.filter(QStringLiteral("KeyDown")).size(), 1);
+    form.setKeyPreview(false);
+}
+
+TEST_F(FormRoutinesTest, KeyPreviewLosesNoKeyThatFollowsAnother) {
+    auto* field = add<QLineEdit>(&form, "txtPlain");
+    showActive();
+    field->setFocus();
+    form.setKeyPreview(true);
+    QTest::keyClick(field, Qt::Key_C);  // taken by the field
+    field->clearFocus();
+    QTest::keyClick(&form, Qt::Key_F5);  // then one for the form itself
+    EXPECT_EQ(form.calls.filter(QStringLiteral("KeyDown2")),
+              QStringList({"KeyDown2(67,0)", "KeyDown2(116,0)"}));
     form.setKeyPreview(false);
 }
 
