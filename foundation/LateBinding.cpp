@@ -4,20 +4,117 @@
 #include <QMetaObject>
 #include <QMetaProperty>
 #include <array>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace vorelle {
 
 namespace {
 
-int findMethod(const QMetaObject* meta, const char* member, qsizetype argc) {
-    const QByteArray name(member);
-    for (int i = meta->methodCount() - 1; i >= 0; --i) {
-        const QMetaMethod m = meta->method(i);
-        if (m.name() == name && m.parameterCount() == argc) {
-            return i;
+// What a class offers under one name, found once per class and name: the method for each
+// number of arguments asked for (with its parameter types), the property, and whether any
+// method has the name. Every late-bound call of the running program meets the same few
+// classes and names again and again.
+struct MethodEntry {
+    int index = -1;
+    QList<QMetaType> types;  // the parameter types without reference and const
+    QList<bool> byRef;       // parameters declared as references get the new value back
+    bool convertible = false;
+};
+
+struct MemberEntry {
+    int property = -1;
+    bool hasMethod = false;
+    std::unordered_map<qsizetype, MethodEntry> methods;  // by number of arguments
+};
+
+struct Key {
+    const QMetaObject* meta;
+    std::string name;
+};
+
+struct KeyView {
+    const QMetaObject* meta;
+    std::string_view name;
+};
+
+struct KeyHash {
+    using is_transparent = void;
+    size_t operator()(const KeyView& k) const {
+        return std::hash<std::string_view>{}(k.name) ^ (std::hash<const void*>{}(k.meta) << 1);
+    }
+    size_t operator()(const Key& k) const { return (*this)(KeyView{k.meta, k.name}); }
+};
+
+struct KeyEq {
+    using is_transparent = void;
+    static KeyView view(const Key& k) { return {k.meta, k.name}; }
+    static KeyView view(const KeyView& k) { return k; }
+    template <typename A, typename B>
+    bool operator()(const A& a, const B& b) const {
+        const KeyView x = view(a);
+        const KeyView y = view(b);
+        return x.meta == y.meta && x.name == y.name;
+    }
+};
+
+using MemberCache = std::unordered_map<Key, MemberEntry, KeyHash, KeyEq>;
+
+// One cache per thread: no locks, and a class's meta-object lives as long as the program.
+MemberCache& cache() {
+    thread_local MemberCache members;
+    return members;
+}
+
+MemberEntry& memberOf(const QMetaObject* meta, const char* member) {
+    MemberCache& members = cache();
+    const std::string_view name(member);
+    if (const auto it = members.find(KeyView{meta, name}); it != members.end()) {
+        return it->second;
+    }
+    MemberEntry entry;
+    entry.property = meta->indexOfProperty(member);
+    for (int i = 0; i < meta->methodCount() && !entry.hasMethod; ++i) {
+        entry.hasMethod = meta->method(i).name() == QByteArrayView(member);
+    }
+    return members.emplace(Key{meta, std::string(name)}, std::move(entry)).first->second;
+}
+
+const MethodEntry& methodOf(const QMetaObject* meta, const char* member, MemberEntry& entry,
+                            qsizetype argc) {
+    if (const auto it = entry.methods.find(argc); it != entry.methods.end()) {
+        return it->second;
+    }
+    MethodEntry method;
+    if (entry.hasMethod) {
+        const QByteArrayView name(member);
+        for (int i = meta->methodCount() - 1; i >= 0; --i) {
+            const QMetaMethod m = meta->method(i);
+            if (m.name() == name && m.parameterCount() == argc) {
+                method.index = i;
+                break;
+            }
         }
     }
-    return -1;
+    if (method.index >= 0) {
+        method.convertible = true;
+        const QList<QByteArray> types = meta->method(method.index).parameterTypes();
+        for (QByteArray type : types) {
+            const bool byRef = type.endsWith('&');
+            if (byRef) {
+                type.chop(1);
+                if (type.startsWith("const ")) {
+                    type.remove(0, 6);
+                }
+            }
+            const QMetaType metaType = QMetaType::fromName(type);
+            method.convertible = method.convertible && metaType.isValid();
+            method.types.append(metaType);
+            method.byRef.append(byRef);
+        }
+    }
+    return entry.methods.emplace(argc, std::move(method)).first->second;
 }
 
 }  // namespace
@@ -30,12 +127,13 @@ QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool*
         return {};
     }
     const QMetaObject* meta = object->metaObject();
-    const int index = findMethod(meta, member, args.size());
-    if (index < 0) {
+    MemberEntry& entry = memberOf(meta, member);
+    const MethodEntry& found = methodOf(meta, member, entry, args.size());
+    if (found.index < 0) {
         if (args.isEmpty()) {
             return LateGet(object, member, ok);
         }
-        if (args.size() == 1 && meta->indexOfProperty(member) >= 0) {
+        if (args.size() == 1 && entry.property >= 0) {
             const bool written = LateSet(object, member, args.front());
             if (ok) {
                 *ok = written;
@@ -43,8 +141,7 @@ QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool*
         }
         return {};
     }
-    const QMetaMethod method = meta->method(index);
-    if (args.size() > 10) {
+    if (args.size() > 10 || !found.convertible) {
         return {};
     }
     // Convert each argument to the declared parameter type; references are
@@ -53,18 +150,7 @@ QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool*
     QVariantList converted;
     converted.reserve(args.size());
     for (qsizetype i = 0; i < args.size(); ++i) {
-        QByteArray type = method.parameterTypes().at(i);
-        const bool byRef = type.endsWith('&');
-        if (byRef) {
-            type.chop(1);
-            if (type.startsWith("const ")) {
-                type.remove(0, 6);
-            }
-        }
-        const QMetaType metaType = QMetaType::fromName(type);
-        if (!metaType.isValid()) {
-            return {};
-        }
+        const QMetaType metaType = found.types.at(i);
         QVariant value = args.at(i);
         if (value.metaType() != metaType) {
             if (!value.isValid()) {
@@ -75,6 +161,7 @@ QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool*
         }
         converted.append(value);
     }
+    const QMetaMethod method = meta->method(found.index);
     QVariant result;
     const QMetaType returnType = method.returnMetaType();
     if (returnType.isValid() && returnType.id() != QMetaType::Void) {
@@ -84,9 +171,9 @@ QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool*
     for (qsizetype i = 0; i < converted.size(); ++i) {
         argv[static_cast<size_t>(i) + 1] = converted[i].data();
     }
-    object->qt_metacall(QMetaObject::InvokeMetaMethod, index, argv.data());
+    object->qt_metacall(QMetaObject::InvokeMetaMethod, found.index, argv.data());
     for (qsizetype i = 0; i < converted.size(); ++i) {
-        if (method.parameterTypes().at(i).endsWith('&')) {
+        if (found.byRef.at(i)) {
             args[i] = converted[i];
         }
     }
@@ -108,7 +195,7 @@ QVariant LateGet(const QObject* object, const char* property, bool* ok) {
     if (!object || !property) {
         return {};
     }
-    const int index = object->metaObject()->indexOfProperty(property);
+    const int index = memberOf(object->metaObject(), property).property;
     QVariant value;
     if (index >= 0) {
         value = object->metaObject()->property(index).read(object);
@@ -125,7 +212,7 @@ bool LateSet(QObject* object, const char* property, const QVariant& value) {
     if (!object || !property) {
         return false;
     }
-    const int index = object->metaObject()->indexOfProperty(property);
+    const int index = memberOf(object->metaObject(), property).property;
     if (index < 0) {
         return false;
     }
@@ -144,17 +231,8 @@ bool LateHas(const QObject* object, const char* member) {
     if (!object || !member) {
         return false;
     }
-    const QMetaObject* meta = object->metaObject();
-    if (meta->indexOfProperty(member) >= 0) {
-        return true;
-    }
-    const QByteArray name(member);
-    for (int i = 0; i < meta->methodCount(); ++i) {
-        if (meta->method(i).name() == name) {
-            return true;
-        }
-    }
-    return false;
+    const MemberEntry& entry = memberOf(object->metaObject(), member);
+    return entry.property >= 0 || entry.hasMethod;
 }
 
 }  // namespace vorelle
