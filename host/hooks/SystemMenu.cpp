@@ -10,10 +10,11 @@
 
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
-#include "host/frame/ControlBase.h"
-#include "host/platform/Environment.h"
+#include "foundation/RegistryBackend.h"
 #include "host/form/Form.h"
+#include "host/frame/ControlBase.h"
 #include "host/hooks/WindowCommandEvent.h"
+#include "host/platform/Environment.h"
 
 #ifdef _WIN32
 #define NOMINMAX
@@ -45,6 +46,19 @@ QAction* addEntry(Form* form, const QString& name, const QString& text, int comm
     }
     form->addAction(action);
     return action;
+}
+
+// The running program's name, looked up once for each application name (a form moves
+// many times a second while it is dragged).
+const QString& runningProgramName() {
+    static QString applicationName;
+    static QString program;
+    const QString current = QCoreApplication::applicationName();
+    if (program.isEmpty() || current != applicationName) {
+        applicationName = current;
+        program = GetModuleAppName(QString());
+    }
+    return program;
 }
 
 // A stored twips value, or the fallback when the text holds no number.
@@ -229,8 +243,16 @@ void WindowPlaceSave(QWidget* window, const QString& FormName) {
     if (!window || FormName.isEmpty()) {
         return;
     }
-    const QString program = GetModuleAppName(QString());
+    const QString& program = runningProgramName();
     const QRect outer = window->frameGeometry();
+    // Both values in one transaction: a move writes once, and never half a place.
+    struct Group {
+        RegistryBackend& store = RegistryBackend::instance();
+        Group() { store.begin(true); }
+        ~Group() { store.end(); }
+        Group(const Group&) = delete;
+        Group& operator=(const Group&) = delete;
+    } group;
     RegSet(program, FormName, QStringLiteral("Left"), QString::number(PixelsToTwips(outer.x())));
     RegSet(program, FormName, QStringLiteral("Top"), QString::number(PixelsToTwips(outer.y())));
 }

@@ -10,13 +10,13 @@
 
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
-#include "host/frame/ControlBase.h"
-#include "host/platform/Environment.h"
 #include "host/form/Form.h"
+#include "host/frame/ControlBase.h"
 #include "host/hooks/Hooks.h"
 #include "host/hooks/SystemMenu.h"
 #include "host/hooks/WindowCommandEvent.h"
 #include "host/hooks/WindowHandle.h"
+#include "host/platform/Environment.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
 #include "support/ScopedLogFolder.h"
@@ -68,6 +68,36 @@ TEST_F(FormProc, MovingWritesThePlaceAtOnce) {
               QString::number(PixelsToTwips(form->frameGeometry().x())));
     // Size is not the procedure's business.
     EXPECT_EQ(stored(QStringLiteral("frmMain"), QStringLiteral("Width")), "none");
+}
+
+// Counts the outermost groups of calls that change the store.
+class CountingStore : public MemoryRegistry {
+public:
+    int writeGroups = 0;
+    void begin(bool write) override {
+        if (depth_++ == 0 && write) {
+            ++writeGroups;
+        }
+    }
+    long end() override {
+        --depth_;
+        return 0;
+    }
+
+private:
+    int depth_ = 0;
+};
+
+TEST_F(FormProc, AMoveIsOneWriteToTheStore) {
+    CountingStore counting;
+    ScopedService<RegistryBackend> scope(counting);
+    form->move(130, 55);
+    EXPECT_EQ(counting.writeGroups, 1);
+    form->move(140, 65);
+    EXPECT_EQ(counting.writeGroups, 2);
+    EXPECT_EQ(RegGet(GetModuleAppName(QString()), QStringLiteral("frmMain"), QStringLiteral("Top"),
+                     QStringLiteral("none")),
+              QString::number(form->Top()));
 }
 
 TEST_F(FormProc, MaximisingKeepsTheNormalPlace) {
