@@ -119,7 +119,7 @@ const MethodEntry& methodOf(const QMetaObject* meta, const char* member, MemberE
 
 }  // namespace
 
-QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool* ok) {
+QVariant LateCallByRef(QObject* object, const char* member, QVariantList& args, bool* ok) {
     if (ok) {
         *ok = false;
     }
@@ -185,7 +185,7 @@ QVariant LateCall(QObject* object, const char* member, QVariantList& args, bool*
 
 QVariant LateCall(QObject* object, const char* member, const QVariantList& args, bool* ok) {
     QVariantList copy = args;
-    return LateCall(object, member, copy, ok);
+    return LateCallByRef(object, member, copy, ok);
 }
 
 QVariant LateGet(const QObject* object, const char* property, bool* ok) {

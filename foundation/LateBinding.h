@@ -13,14 +13,16 @@ namespace vorelle {
 // call simply does nothing and `ok` (when given) becomes false.
 //
 // LateCall finds a Q_INVOKABLE method, slot or signal with the name and as many
-// parameters as arguments; parameters declared as references (int&, QString&) are
-// handed over by reference and their new values are written back into `args`.
-// Without a method of that name, a call with no arguments reads the property and a
-// call with one argument writes it.
-VORELLE_EXPORT QVariant LateCall(QObject* object, const char* member, QVariantList& args,
-                                 bool* ok = nullptr);
+// parameters as arguments, converts each argument to its parameter's type and calls it.
+// The caller's arguments are never changed. Without a method of that name, a call with no
+// arguments reads the property and a call with one argument writes it.
 VORELLE_EXPORT QVariant LateCall(QObject* object, const char* member,
                                  const QVariantList& args = {}, bool* ok = nullptr);
+
+// As LateCall, and the new values of parameters declared as references (int& Cancel,
+// QString&) are written back into `args`: the one form that changes the caller's list.
+VORELLE_EXPORT QVariant LateCallByRef(QObject* object, const char* member, QVariantList& args,
+                                      bool* ok = nullptr);
 
 // Reads a property (Q_PROPERTY or dynamic); an invalid QVariant when there is none.
 VORELLE_EXPORT QVariant LateGet(const QObject* object, const char* property, bool* ok = nullptr);

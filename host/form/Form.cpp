@@ -340,7 +340,7 @@ void Form::closeEvent(QCloseEvent* event) {
         return;
     }
     QVariantList args{cancel, mode};
-    LateCall(this, "Form_QueryUnload2", args);
+    LateCallByRef(this, "Form_QueryUnload2", args);
     if (!self) {
         return;
     }
@@ -388,7 +388,7 @@ bool Form::raiseKeyDown(QKeyEvent* event) {
         return false;
     }
     QVariantList args{keyCode, shift};
-    LateCall(this, "Form_KeyDown2", args);
+    LateCallByRef(this, "Form_KeyDown2", args);
     return self && keyCode != 0 && args.value(0).toInt() != 0;
 }
 

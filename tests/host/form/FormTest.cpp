@@ -197,6 +197,20 @@ TEST_F(FormRoutinesTest, ResizeAndActivationReachTheRoutines) {
     EXPECT_EQ(Screen::ActiveForm(), &other);
 }
 
+TEST(LateCallArguments, OnlyTheByReferenceFormChangesTheCallersList) {
+    RoutineForm form;
+    form.dropKey = 'C';
+    QVariantList args{67, 0};
+    bool ok = false;
+    LateCall(&form, "Form_KeyDown2", args, &ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(args.at(0).toInt(), 67);
+    LateCallByRef(&form, "Form_KeyDown2", args, &ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(args.at(0).toInt(), 0);
+    EXPECT_EQ(form.calls, QStringList({"KeyDown2(67,0)", "KeyDown2(67,0)"}));
+}
+
 TEST(ScreenPointer, HourglassThroughTheOverrideCursor) {
     ASSERT_EQ(QApplication::overrideCursor(), nullptr);
     Screen::setMousePointer(Screen::vbHourglass);
