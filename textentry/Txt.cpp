@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCoreApplication>
+#include <QPointer>
 
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
@@ -20,6 +21,7 @@
 #include "textentry/FocusFrame.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/TextBoxMenu.h"
+#include "textentry/Txt_p.h"
 
 namespace vorelle {
 
@@ -100,7 +102,7 @@ QString tidyList(QString list, bool allowDoubles, bool sorted) {
 
 }  // namespace
 
-Txt::Txt(QWidget* parent) : FormControl(parent) {
+Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>()) {
     using Kind = SymbolPicture::Kind;
     auto picture = [this](const char* name, Kind kind, bool hover) {
         auto* pic = new SymbolPicture(kind, hover, this);
@@ -108,62 +110,77 @@ Txt::Txt(QWidget* parent) : FormControl(parent) {
         pic->hide();
         return pic;
     };
-    picDropdownAddMouseOver_ = picture("picDropdownAddMouseOver", Kind::Add, true);
-    picDropdownAdd_ = picture("picDropdownAdd", Kind::Add, false);
-    picPassMouseOver_ = picture("picPassMouseOver", Kind::Key, true);
-    picEntryWizardMouseOver_ = picture("picEntryWizardMouseOver", Kind::WizardArrow, true);
-    picEntryWizard_ = picture("picEntryWizard", Kind::WizardArrow, false);
-    picPass_ = picture("picPass", Kind::Key, false);
-    picDropdownMouseOver_ = picture("picDropdownMouseOver", Kind::ListArrow, true);
-    picDropdown_ = picture("picDropdown", Kind::ListArrow, false);
+    d->picDropdownAddMouseOver = picture("picDropdownAddMouseOver", Kind::Add, true);
+    d->picDropdownAdd = picture("picDropdownAdd", Kind::Add, false);
+    d->picPassMouseOver = picture("picPassMouseOver", Kind::Key, true);
+    d->picEntryWizardMouseOver = picture("picEntryWizardMouseOver", Kind::WizardArrow, true);
+    d->picEntryWizard = picture("picEntryWizard", Kind::WizardArrow, false);
+    d->picPass = picture("picPass", Kind::Key, false);
+    d->picDropdownMouseOver = picture("picDropdownMouseOver", Kind::ListArrow, true);
+    d->picDropdown = picture("picDropdown", Kind::ListArrow, false);
 
-    txtText_ = new EntryField(this);
-    txtText_->setObjectName(QStringLiteral("txtText"));
-    txtText_->setFrame(false);
-    txtText_->setMouseTracking(true);
-    txtText_->setContextMenuPolicy(Qt::PreventContextMenu);
-    txtText_->setMaxLengthProperty(kDefaultMaxLength);
+    d->txtText = new EntryField(this);
+    d->txtText->setObjectName(QStringLiteral("txtText"));
+    d->txtText->setFrame(false);
+    d->txtText->setMouseTracking(true);
+    d->txtText->setContextMenuPolicy(Qt::PreventContextMenu);
+    d->txtText->setMaxLengthProperty(kDefaultMaxLength);
 
-    shpWeiss_ = new Shape(this);
-    shpWeiss_->setObjectName(QStringLiteral("shpWeiss"));
-    shpBlau_ = new Shape(this);
-    shpBlau_->setObjectName(QStringLiteral("shpBlau"));
-    SetFocusFrame(shpWeiss_, shpBlau_, false);
+    d->shpWeiss = new Shape(this);
+    d->shpWeiss->setObjectName(QStringLiteral("shpWeiss"));
+    d->shpBlau = new Shape(this);
+    d->shpBlau->setObjectName(QStringLiteral("shpBlau"));
+    SetFocusFrame(d->shpWeiss, d->shpBlau, false);
     for (QWidget* part : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         markConstituent(part);
     }
 
-    setFocusProxy(txtText_);
+    setFocusProxy(d->txtText);
     setFocusPolicy(Qt::StrongFocus);
-    applyColours();
+    initForeColor(0);
+    initBackColor(kDefaultBackColor);
 
-    connect(txtText_, &EntryField::KeyDown, this, &Txt::onKeyDown);
-    connect(txtText_, &EntryField::KeyPress, this, &Txt::onKeyPress);
-    connect(txtText_, &EntryField::Change, this, &Txt::onChange);
-    connect(txtText_, &EntryField::MouseDown, this, &Txt::onMouseDown);
-    connect(txtText_, &EntryField::MouseMove, this, &Txt::onMouseMove);
-    connect(txtText_, &EntryField::MouseUp, this, &Txt::onMouseUp);
+    connect(d->txtText, &EntryField::KeyDown, this, &Txt::onKeyDown);
+    connect(d->txtText, &EntryField::KeyPress, this, &Txt::onKeyPress);
+    connect(d->txtText, &EntryField::Change, this, &Txt::onChange);
+    connect(d->txtText, &EntryField::MouseDown, this, &Txt::onMouseDown);
+    connect(d->txtText, &EntryField::MouseMove, this, &Txt::onMouseMove);
+    connect(d->txtText, &EntryField::MouseUp, this, &Txt::onMouseUp);
 
     const std::pair<SymbolPicture*, SymbolPicture*> symbols[] = {
-        {picEntryWizard_, picEntryWizardMouseOver_},
-        {picPass_, picPassMouseOver_},
-        {picDropdown_, picDropdownMouseOver_},
-        {picDropdownAdd_, picDropdownAddMouseOver_},
+        {d->picEntryWizard, d->picEntryWizardMouseOver},
+        {d->picPass, d->picPassMouseOver},
+        {d->picDropdown, d->picDropdownMouseOver},
+        {d->picDropdownAdd, d->picDropdownAddMouseOver},
     };
     for (const auto& [rest, hover] : symbols) {
         connect(rest, &SymbolPicture::MouseMove, this,
                 [this, rest, hover] { showHover(rest, hover); });
         connect(hover, &SymbolPicture::MouseLeave, hover, &QWidget::hide);
     }
-    connect(picEntryWizardMouseOver_, &SymbolPicture::Click, this, [this] { openEntryWizard(); });
-    connect(picPassMouseOver_, &SymbolPicture::Click, this, [this] { openPasswordGenerator(); });
-    connect(picDropdownMouseOver_, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
-    connect(picDropdownAddMouseOver_, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
+    connect(d->picEntryWizardMouseOver, &SymbolPicture::Click, this, [this] { openEntryWizard(); });
+    connect(d->picPassMouseOver, &SymbolPicture::Click, this, [this] { openPasswordGenerator(); });
+    connect(d->picDropdownMouseOver, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
+    connect(d->picDropdownAddMouseOver, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
 }
 
 Txt::~Txt() {
-    // The field's procedure gets its last message while this control is whole.
+    // The field's procedure gets its last message while this control is whole; then the
+    // field, which outlives this object by a little, reports nothing more to it.
     SendDestroyMessages(this);
+    d->txtText->disconnect(this);
+}
+
+EntryField* Txt::field() const {
+    return d->txtText;
+}
+
+Shape* Txt::innerFrame() const {
+    return d->shpWeiss;
+}
+
+Shape* Txt::outerFrame() const {
+    return d->shpBlau;
 }
 
 SymbolPicture* Txt::picture(const QString& name) const {
@@ -181,11 +198,11 @@ void Txt::InitProperties() {
 
 void Txt::ReadProperties(const PropertyBag& bag) {
     FormControl::ReadProperties(bag);
-    parentName_ = FormName();
-    parentForm_ = parentForm();
-    if (userMode() && parentForm_ && !loadConnected_) {
-        connect(parentForm_, &Form::Load, this, &Txt::onParentLoad);
-        loadConnected_ = true;
+    d->parentName = FormName();
+    d->parentForm = parentForm();
+    if (userMode() && d->parentForm && !d->loadConnected) {
+        connect(d->parentForm, &Form::Load, this, &Txt::onParentLoad);
+        d->loadConnected = true;
     }
 
     // Everything is read before anything is applied: a bad value changes nothing.
@@ -219,43 +236,40 @@ void Txt::ReadProperties(const PropertyBag& bag) {
     p.typingBehavior = number(bag, "TypingBehavior", 0);
     readResizing(bag);
 
-    enabled_ = p.enabled;
-    locked_ = p.locked;
-    regSave_ = p.regSave;
-    entryWizard_ = p.entryWizard;
-    textTyp_ = p.textTyp;
-    passwordChar_ = p.passwordChar;
-    text_ = TextPair(p.textDe, p.textEn);
-    dropDownList_ = TextPair(p.listDe, p.listEn);
-    dropDownSorted_ = p.sorted;
-    dropDownAllowAdding_ = p.allowAdding;
-    dropDownAllowDoubles_ = p.allowDoubles;
-    dropDownMustChooseFrom_ = p.mustChooseFrom;
-    toolTipText_ = TextPair(p.toolTipDe, p.toolTipEn);
-    foreColor_ = p.foreColor;
-    backColor_ = p.backColor;
-    font_ = p.font;
-    oleDragMode_ = p.oleDragMode;
-    oleDropMode_ = p.oleDropMode;
-    rules_.setValidChars(p.validChars);
-    rules_.setValidCharAnz(p.validCharAnz);
-    rules_.setCharReplace(p.charReplace);
-    rules_.setTypingBehavior(p.typingBehavior);
-    if (!entryWizard_) {
-        picEntryWizard_->hide();
+    d->locked = p.locked;
+    d->regSave = p.regSave;
+    d->entryWizard = p.entryWizard;
+    d->textTyp = p.textTyp;
+    d->passwordChar = p.passwordChar;
+    d->text = TextPair(p.textDe, p.textEn);
+    d->dropDownList = TextPair(p.listDe, p.listEn);
+    d->dropDownSorted = p.sorted;
+    d->dropDownAllowAdding = p.allowAdding;
+    d->dropDownAllowDoubles = p.allowDoubles;
+    d->dropDownMustChooseFrom = p.mustChooseFrom;
+    d->toolTipText = TextPair(p.toolTipDe, p.toolTipEn);
+    d->oleDragMode = p.oleDragMode;
+    d->oleDropMode = p.oleDropMode;
+    d->rules.setValidChars(p.validChars);
+    d->rules.setValidCharAnz(p.validCharAnz);
+    d->rules.setCharReplace(p.charReplace);
+    d->rules.setTypingBehavior(p.typingBehavior);
+    if (!d->entryWizard) {
+        d->picEntryWizard->hide();
     }
 
-    txtText_->setEnabled(enabled_);
-    txtText_->setLocked(locked_);
-    applyColours();
-    txtText_->setFont(font_);
-    txtText_->setMaxLengthProperty(p.maxLength);
-    txtText_->setDragEnabled(oleDragMode_ == 1);
-    txtText_->setAcceptDrops(oleDropMode_ != 0);
-    txtText_->setAlignmentProperty(p.alignment);
+    d->txtText->setLocked(d->locked);
+    initForeColor(p.foreColor);
+    initBackColor(p.backColor);
+    initFont(p.font);
+    initEnabled(p.enabled);
+    d->txtText->setMaxLengthProperty(p.maxLength);
+    d->txtText->setDragEnabled(d->oleDragMode == 1);
+    d->txtText->setAcceptDrops(d->oleDropMode != 0);
+    d->txtText->setAlignmentProperty(p.alignment);
     showCurrentText();
-    if (dropDownMustChooseFrom_) {
-        txtText_->setLocked(true);
+    if (d->dropDownMustChooseFrom) {
+        d->txtText->setLocked(true);
     }
     ChangeSymbol();
 }
@@ -263,7 +277,7 @@ void Txt::ReadProperties(const PropertyBag& bag) {
 void Txt::AfterReadProperties() {
     FormControl::AfterReadProperties();
     if (HookAllowed()) {
-        Hook(txtText_, WMPROC_Control, QStringLiteral("txt"));
+        Hook(d->txtText, WMPROC_Control, QStringLiteral("txt"));
     }
 }
 
@@ -272,38 +286,38 @@ void Txt::WriteProperties(PropertyBag& bag) const {
     auto put = [&bag](const char* name, const QVariant& value, const QVariant& def) {
         bag.WriteProperty(QString::fromLatin1(name), value, def);
     };
-    put("Enabled", enabled_, true);
-    put("Locked", locked_, false);
-    put("RegSave", regSave_, true);
-    put("EntryWizard", entryWizard_, true);
-    put("TextTyp", textTyp_, QStringLiteral("Text"));
-    put("PasswordChar", passwordChar_, QString());
+    put("Enabled", Enabled(), true);
+    put("Locked", d->locked, false);
+    put("RegSave", d->regSave, true);
+    put("EntryWizard", d->entryWizard, true);
+    put("TextTyp", d->textTyp, QStringLiteral("Text"));
+    put("PasswordChar", d->passwordChar, QString());
     put("Text_de", Text_de(), QString());
     put("Text_en", Text_en(), QString());
-    put("DropDownList_de", dropDownList_.de(), QString());
-    put("DropDownList_en", dropDownList_.en(), QString());
-    put("DropDownSorted", dropDownSorted_, false);
-    put("DropDownAllowAdding", dropDownAllowAdding_, false);
-    put("DropDownAllowDoubles", dropDownAllowDoubles_, false);
-    put("DropDownMustChooseFrom", dropDownMustChooseFrom_, false);
-    put("ToolTipText_de", toolTipText_.de(), QString());
-    put("ToolTipText_en", toolTipText_.en(), QString());
-    put("ForeColor", foreColor_, 0);
-    put("BackColor", backColor_, kDefaultBackColor);
-    put("Font", font_, host().AmbientFont());
+    put("DropDownList_de", d->dropDownList.de(), QString());
+    put("DropDownList_en", d->dropDownList.en(), QString());
+    put("DropDownSorted", d->dropDownSorted, false);
+    put("DropDownAllowAdding", d->dropDownAllowAdding, false);
+    put("DropDownAllowDoubles", d->dropDownAllowDoubles, false);
+    put("DropDownMustChooseFrom", d->dropDownMustChooseFrom, false);
+    put("ToolTipText_de", d->toolTipText.de(), QString());
+    put("ToolTipText_en", d->toolTipText.en(), QString());
+    put("ForeColor", ForeColor(), 0);
+    put("BackColor", BackColor(), kDefaultBackColor);
+    put("Font", Font(), host().AmbientFont());
     put("MaxLength", MaxLength(), kDefaultMaxLength);
-    put("OLEDragMode", oleDragMode_, 0);
-    put("OLEDropMode", oleDropMode_, 0);
-    put("ValidChars", rules_.ValidChars(), QString());
-    put("ValidCharAnz", rules_.ValidCharAnz(), QString());
-    put("CharReplace", rules_.CharReplace(), QString());
+    put("OLEDragMode", d->oleDragMode, 0);
+    put("OLEDropMode", d->oleDropMode, 0);
+    put("ValidChars", d->rules.ValidChars(), QString());
+    put("ValidCharAnz", d->rules.ValidCharAnz(), QString());
+    put("CharReplace", d->rules.CharReplace(), QString());
     put("Alignment", Alignment(), 0);
-    put("TypingBehavior", rules_.TypingBehavior(), 0);
+    put("TypingBehavior", d->rules.TypingBehavior(), 0);
     writeResizing(bag);
 }
 
 void Txt::onParentLoad() {
-    if (!regSave_ || !userMode()) {
+    if (!d->regSave || !userMode()) {
         return;
     }
     try {
@@ -320,19 +334,19 @@ void Txt::Resize() {
     if (Width() < kMinWidth) {
         setWidth(kNewWidth);
     }
-    txtText_->setGeometry(kFieldInset, kFieldInset, TwipsToPixels(Width() - kFieldLessWidth),
-                          TwipsToPixels(kFieldHeight));
+    d->txtText->setGeometry(kFieldInset, kFieldInset, TwipsToPixels(Width() - kFieldLessWidth),
+                            TwipsToPixels(kFieldHeight));
     const int symbolLeft = TwipsToPixels(Width() - kSymbolFromRight);
     const int symbolTop = TwipsToPixels(kSymbolTop);
-    for (SymbolPicture* pic :
-         {picDropdownAddMouseOver_, picDropdownAdd_, picPassMouseOver_, picEntryWizardMouseOver_,
-          picEntryWizard_, picPass_, picDropdownMouseOver_, picDropdown_}) {
+    for (SymbolPicture* pic : {d->picDropdownAddMouseOver, d->picDropdownAdd, d->picPassMouseOver,
+                               d->picEntryWizardMouseOver, d->picEntryWizard, d->picPass,
+                               d->picDropdownMouseOver, d->picDropdown}) {
         pic->setGeometry(symbolLeft, symbolTop, SymbolPicture::kSize, SymbolPicture::kSize);
     }
     // The outer frame at the control's corner, the inner one a pixel further in.
-    shpBlau_->setTwipsGeometry(0, 0, Width() - kTwipsPerPixel, Height() - kTwipsPerPixel);
-    shpWeiss_->setTwipsGeometry(kTwipsPerPixel, kTwipsPerPixel, Width() - kTwipsPerPixel,
-                                Height() - kTwipsPerPixel);
+    d->shpBlau->setTwipsGeometry(0, 0, Width() - kTwipsPerPixel, Height() - kTwipsPerPixel);
+    d->shpWeiss->setTwipsGeometry(kTwipsPerPixel, kTwipsPerPixel, Width() - kTwipsPerPixel,
+                                  Height() - kTwipsPerPixel);
     ChangeSymbol();
 }
 
@@ -340,61 +354,59 @@ void Txt::Resize() {
 // ----------------------------------------------------------------------------------------
 
 void Txt::EnterFocus() {
-    if (!enabled_) {
+    if (!Enabled()) {
         SendKeysSafe(QStringLiteral("{tab}"));
     }
-    hasFocus_ = true;
     ChangeSymbol();
 }
 
 void Txt::ExitFocus() {
-    const QString text = txtText_->text();
-    if (!text.isEmpty() && !rules_.ValidCharAnz().isEmpty() && !rules_.passesOnLeave(text)) {
+    const QString text = d->txtText->text();
+    if (!text.isEmpty() && !d->rules.ValidCharAnz().isEmpty() && !d->rules.passesOnLeave(text)) {
         // The box runs a modal loop: its handlers may delete this control.
         const QPointer<Txt> self(this);
-        QWidget* owner = parentForm_ ? static_cast<QWidget*>(parentForm_.data()) : window();
+        QWidget* owner = d->parentForm ? static_cast<QWidget*>(d->parentForm.data()) : window();
         MsgBox(
             QStringLiteral("Die Eingabe in diesem Feld ist ungültig. Bitte korrigieren Sie sie."),
             0, QString(), owner);
         if (self) {
-            txtText_->setFocus();
+            d->txtText->setFocus();
         }
         return;
     }
-    if (regSave_) {
+    if (d->regSave) {
         RegSaving();
     }
-    if (!isPasswordField() && !text.isEmpty() && entryWizard_) {
+    if (!isPasswordField() && !text.isEmpty() && d->entryWizard) {
         addToEntryHistory(text);
     }
-    hasFocus_ = false;
-    SetFocusFrame(shpWeiss_, shpBlau_, false);
+    SetFocusFrame(d->shpWeiss, d->shpBlau, false);
 }
 
 // --- Keys
 // -----------------------------------------------------------------------------------------
 
 void Txt::onKeyDown(int& KeyCode, int& Shift) {
-    if (!enabled_) {
+    if (!Enabled()) {
         return;
     }
-    lastKeyCode_ = KeyCode;
+    d->lastKeyCode = KeyCode;
     if (isPasswordField()) {
         if (KeyCode == VK_DELETE) {
-            plainPassword_.clear();
-            txtText_->setText(QString());
+            d->plainPassword.clear();
+            d->txtText->setText(QString());
         }
         KeyCode = 0;
         return;
     }
     if (KeyCode == VK_INSERT) {
-        txtText_->setSelStart(0);
-        txtText_->setSelLength(static_cast<qint32>(txtText_->text().size()));
+        d->txtText->setSelStart(0);
+        d->txtText->setSelLength(static_cast<qint32>(d->txtText->text().size()));
         KeyCode = 0;
         Shift = 0;
         return;
     }
-    if (locked_) {
+    if (d->locked) {
         KeyCode = 0;
     }
     if (KeyCode == VK_DOWN) {
@@ -427,12 +439,12 @@ void Txt::onKeyPress(int& KeyAscii) {
         return;
     }
     if (KeyAscii == 1) {
-        txtText_->setSelStart(0);
-        txtText_->setSelLength(static_cast<qint32>(txtText_->text().size()));
+        d->txtText->setSelStart(0);
+        d->txtText->setSelLength(static_cast<qint32>(d->txtText->text().size()));
         KeyAscii = 0;
         return;
     }
-    if (KeyAscii == 43 && lastKeyCode_ == VK_ADD) {
+    if (KeyAscii == 43 && d->lastKeyCode == VK_ADD) {
         KeyAscii = 0;
         return;
     }
@@ -446,12 +458,12 @@ void Txt::onKeyPress(int& KeyAscii) {
         default:
             break;
     }
-    KeyAscii = rules_.filter(KeyAscii, txtText_->text(), txtText_->SelStart());
+    KeyAscii = d->rules.filter(KeyAscii, d->txtText->text(), d->txtText->SelStart());
     if (KeyAscii == 0) {
         return;
     }
     if (KeyAscii == 124) {
-        if (PipeRefused(parentForm_.data())) {
+        if (PipeRefused(d->parentForm.data())) {
             KeyAscii = 0;
         }
         return;
@@ -460,24 +472,24 @@ void Txt::onKeyPress(int& KeyAscii) {
 }
 
 void Txt::onChange() {
-    const QString text = txtText_->text();
-    text_.setCurrent(text);
+    const QString text = d->txtText->text();
+    d->text.setCurrent(text);
     const QString list = DropDownList();
-    if (lastKeyCode_ != VK_DELETE && lastKeyCode_ != VK_BACK && !text.isEmpty() &&
+    if (d->lastKeyCode != VK_DELETE && d->lastKeyCode != VK_BACK && !text.isEmpty() &&
         !list.isEmpty()) {
-        for (const QString& entry : TokenSplit(list, QStringLiteral("|"))) {
+        for (const QString& entry : dropDownEntries()) {
             if (entry.startsWith(text)) {
                 if (entry != text) {
-                    txtText_->setText(entry);  // runs this handler once more
-                    txtText_->setSelection(static_cast<int>(text.size()),
-                                           static_cast<int>(entry.size() - text.size()));
+                    d->txtText->setText(entry);  // runs this handler once more
+                    d->txtText->setSelection(static_cast<int>(text.size()),
+                                             static_cast<int>(entry.size() - text.size()));
                 }
                 break;
             }
         }
     }
-    if (dropDownAllowAdding_) {
-        const QString now = txtText_->text();
+    if (d->dropDownAllowAdding) {
+        const QString now = d->txtText->text();
         setDropDownAddVisible(!now.isEmpty() && !PslContains(list, now));
     }
     emit Change();
@@ -487,8 +499,8 @@ void Txt::onChange() {
 // ----------------------------------------------------------------------------------------
 
 void Txt::onMouseDown(int Button, int Shift, float X, float Y) {
-    mouseDownSelStart_ = txtText_->SelStart();
-    if (Button == 2 && enabled_ && !isPasswordField()) {
+    d->mouseDownSelStart = d->txtText->SelStart();
+    if (Button == 2 && Enabled() && !isPasswordField()) {
         showContextMenu();
     }
 }
@@ -500,7 +512,7 @@ void Txt::onMouseMove(int, int, float, float) {
 void Txt::onMouseUp(int Button, int Shift, float X, float Y) {
     qint16& wheel = MouseWheelDirection();
     bool& doubleClick = MouseDoubleClicked();
-    if (locked_ || !enabled_) {
+    if (d->locked || !Enabled()) {
         wheel = 0;
     }
     if (wheel != 0) {
@@ -509,17 +521,17 @@ void Txt::onMouseUp(int Button, int Shift, float X, float Y) {
         wheelStep(direction);
     }
     if (doubleClick) {
-        const QString text = txtText_->text();
+        const QString text = d->txtText->text();
         if (!text.isEmpty()) {
-            const auto [start, length] = WordAround(text, mouseDownSelStart_);
-            txtText_->setSelStart(start);
-            txtText_->setSelLength(length);
+            const auto [start, length] = WordAround(text, d->mouseDownSelStart);
+            d->txtText->setSelStart(start);
+            d->txtText->setSelLength(length);
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         }
     }
     doubleClick = false;
     if (isPasswordField()) {
-        txtText_->setCursorPosition(static_cast<int>(txtText_->text().size()));
+        d->txtText->setCursorPosition(static_cast<int>(d->txtText->text().size()));
     }
 }
 
@@ -530,12 +542,12 @@ void Txt::MouseOut(int) {
     hideHoverPictures();
 }
 void Txt::MouseClick(int, float, float) {
-    txtText_->setFocus();
+    d->txtText->setFocus();
 }
 
 void Txt::hideHoverPictures() {
-    for (SymbolPicture* pic : {picDropdownAddMouseOver_, picPassMouseOver_,
-                               picEntryWizardMouseOver_, picDropdownMouseOver_}) {
+    for (SymbolPicture* pic : {d->picDropdownAddMouseOver, d->picPassMouseOver,
+                               d->picEntryWizardMouseOver, d->picDropdownMouseOver}) {
         pic->hide();
     }
 }
@@ -549,13 +561,14 @@ void Txt::showHover(SymbolPicture* rest, SymbolPicture* hover) {
 
 void Txt::showContextMenu() {
     TextBoxMenuState state;
-    state.textEmpty = txtText_->text().isEmpty();
-    state.selLength = txtText_->SelLength();
-    state.locked = txtText_->Locked();
+    state.textEmpty = d->txtText->text().isEmpty();
+    state.selLength = d->txtText->SelLength();
+    state.locked = d->txtText->Locked();
     state.clipboardHasText = !QGuiApplication::clipboard()->text().isEmpty();
     TextBoxMenuBuild(QStringLiteral("textbox"), QStringLiteral("Textfeld"),
                      QStringLiteral("Text field"), state);
-    QObject* wizard = parentForm_ ? parentForm_->Controls(QStringLiteral("FormWizard1")) : nullptr;
+    QObject* wizard =
+        d->parentForm ? d->parentForm->Controls(QStringLiteral("FormWizard1")) : nullptr;
     if (!wizard) {
         return;  // the menu goes through the form's manager; without one it does not open
     }
@@ -568,7 +581,7 @@ void Txt::showContextMenu() {
         return;
     }
     setUpdatesEnabled(true);
-    TextBoxMenuAct(chosen, txtText_);
+    TextBoxMenuAct(chosen, d->txtText);
 }
 
 // --- Symbols and frame -------------------------------------------------------------------------
@@ -576,59 +589,77 @@ void Txt::showContextMenu() {
 void Txt::ChangeSymbol() {
     const bool password = isPasswordField();
     if (password) {
-        txtText_->setPasswordChar(kPasswordDot);
-        QFont bold = font_;
+        d->txtText->setPasswordChar(kPasswordDot);
+        QFont bold = Font();
         bold.setBold(true);
-        txtText_->setFont(bold);
-        picPass_->show();
-        picEntryWizard_->hide();
-        picDropdown_->hide();
-        picDropdownAdd_->hide();
+        d->txtText->setFont(bold);
+        d->picPass->show();
+        d->picEntryWizard->hide();
+        d->picDropdown->hide();
+        d->picDropdownAdd->hide();
     } else {
-        if (!txtText_->PasswordChar().isEmpty()) {
-            txtText_->setPasswordChar(QString());
-            txtText_->setFont(font_);
+        if (!d->txtText->PasswordChar().isEmpty()) {
+            d->txtText->setPasswordChar(QString());
+            d->txtText->setFont(Font());
         }
         const bool emptyList = DropDownList().isEmpty();
-        if ((emptyList && locked_) || !enabled_) {
-            picEntryWizard_->hide();
-            picPass_->hide();
-            picDropdown_->hide();
-            picDropdownAdd_->hide();
+        if ((emptyList && d->locked) || !Enabled()) {
+            d->picEntryWizard->hide();
+            d->picPass->hide();
+            d->picDropdown->hide();
+            d->picDropdownAdd->hide();
         } else if (!emptyList) {
-            picDropdown_->show();
-            picEntryWizard_->hide();
-            picPass_->hide();
+            d->picDropdown->show();
+            d->picEntryWizard->hide();
+            d->picPass->hide();
         } else {
-            picEntryWizard_->setVisible(entryWizard_);
-            picPass_->hide();
-            picDropdown_->hide();
-            picDropdownAdd_->hide();
+            d->picEntryWizard->setVisible(d->entryWizard);
+            d->picPass->hide();
+            d->picDropdown->hide();
+            d->picDropdownAdd->hide();
         }
     }
-    if (hasFocus_) {
-        SetFocusFrame(shpWeiss_, shpBlau_, true);
+    if (focusInside()) {
+        SetFocusFrame(d->shpWeiss, d->shpBlau, true);
     }
 }
 
 void Txt::setDropDownAddVisible(bool on) {
     if (on) {
-        picDropdownAdd_->raise();
+        d->picDropdownAdd->raise();
     }
-    picDropdownAdd_->setVisible(on);
+    d->picDropdownAdd->setVisible(on);
 }
 
-void Txt::applyColours() {
-    QPalette palette = txtText_->palette();
-    palette.setColor(QPalette::Text, OleToQColor(foreColor_));
-    palette.setColor(QPalette::Base, OleToQColor(backColor_));
-    txtText_->setPalette(palette);
+void Txt::applyForeColor(const QColor& color) {
+    QPalette palette = d->txtText->palette();
+    palette.setColor(QPalette::Text, color);
+    d->txtText->setPalette(palette);
+}
+
+void Txt::applyBackColor(const QColor& color) {
+    QPalette palette = d->txtText->palette();
+    palette.setColor(QPalette::Base, color);
+    d->txtText->setPalette(palette);
+}
+
+void Txt::applyFont(const QFont& font) {
+    QFont shown = font;
+    if (isPasswordField()) {
+        shown.setBold(true);
+    }
+    d->txtText->setFont(shown);
+}
+
+void Txt::applyEnabled(bool on) {
+    d->txtText->setEnabled(on);
+    ChangeSymbol();
 }
 
 void Txt::showCurrentText() {
-    const QString& text = text_.current();
-    if (txtText_->text() != text) {
-        txtText_->setText(text);
+    const QString& text = d->text.current();
+    if (d->txtText->text() != text) {
+        d->txtText->setText(text);
     }
 }
 
@@ -649,16 +680,18 @@ void Txt::RegSaving() {
         passwordRegSave();
         return;
     }
-    RegSet(program, parentName_, name + QStringLiteral(".Text_de"), Text_de());
-    RegSet(program, parentName_, name + QStringLiteral(".Text_en"), Text_en());
-    if (dropDownAllowAdding_) {
-        RegSet(program, parentName_, name + QStringLiteral(".DropDownList_de"), dropDownList_.de());
-        RegSet(program, parentName_, name + QStringLiteral(".DropDownList_en"), dropDownList_.en());
+    RegSet(program, d->parentName, name + QStringLiteral(".Text_de"), Text_de());
+    RegSet(program, d->parentName, name + QStringLiteral(".Text_en"), Text_en());
+    if (d->dropDownAllowAdding) {
+        RegSet(program, d->parentName, name + QStringLiteral(".DropDownList_de"),
+               d->dropDownList.de());
+        RegSet(program, d->parentName, name + QStringLiteral(".DropDownList_en"),
+               d->dropDownList.en());
     }
 }
 
 void Txt::RegLoading() {
-    if (!enabled_ || locked_) {
+    if (!Enabled() || d->locked) {
         return;
     }
     const QString program = ModuleAppName();
@@ -666,16 +699,16 @@ void Txt::RegLoading() {
     if (isPasswordField()) {
         passwordRegLoad();
     } else {
-        setText_de(RegGet(program, parentName_, name + QStringLiteral(".Text_de"), Text_de()));
-        setText_en(RegGet(program, parentName_, name + QStringLiteral(".Text_en"), Text_en()));
+        setText_de(RegGet(program, d->parentName, name + QStringLiteral(".Text_de"), Text_de()));
+        setText_en(RegGet(program, d->parentName, name + QStringLiteral(".Text_en"), Text_en()));
     }
-    if (dropDownAllowAdding_) {
-        QString listDe = dropDownList_.de();
-        QString listEn = dropDownList_.en();
+    if (d->dropDownAllowAdding) {
+        QString listDe = d->dropDownList.de();
+        QString listEn = d->dropDownList.en();
         const QString storedDe =
-            RegGet(program, parentName_, name + QStringLiteral(".DropDownList_de"), QString());
+            RegGet(program, d->parentName, name + QStringLiteral(".DropDownList_de"), QString());
         const QString storedEn =
-            RegGet(program, parentName_, name + QStringLiteral(".DropDownList_en"), QString());
+            RegGet(program, d->parentName, name + QStringLiteral(".DropDownList_en"), QString());
         if (!storedDe.isEmpty()) {
             listDe = storedDe;
         }
@@ -703,7 +736,7 @@ QString Txt::status2(bool german) const {
     QString s = german
                     ? QStringLiteral("Texteingabefeld (max. ") + max + QStringLiteral(" Zeichen). ")
                     : QStringLiteral("Entryfield text (max. ") + max + QStringLiteral(" Chars). ");
-    if (!enabled_) {
+    if (!Enabled()) {
         return s;
     }
     if (isPasswordField()) {
@@ -712,10 +745,10 @@ QString Txt::status2(bool german) const {
                            : QStringLiteral("Click the key on the right side to generate a "
                                             "random password. "));
     }
-    const bool addShown = !picDropdownAdd_->isHidden();
-    if (!locked_) {
+    const bool addShown = !d->picDropdownAdd->isHidden();
+    if (!d->locked) {
         const bool emptyList = DropDownList().isEmpty();
-        if (!emptyList && dropDownMustChooseFrom_) {
+        if (!emptyList && d->dropDownMustChooseFrom) {
             s += german ? QStringLiteral(
                               "Es kann nur ein definierter Text durch Klick auf den "
                               "Pfeil rechts ausgewählt werden. ")
@@ -753,7 +786,7 @@ QString Txt::status2(bool german) const {
             }
         }
     }
-    switch (rules_.TypingBehavior()) {
+    switch (d->rules.TypingBehavior()) {
         case 1:
             s += german ? QStringLiteral("Automatische Kleinschreibung. ")
                         : QStringLiteral("Automatic lowercasing. ");
@@ -775,66 +808,56 @@ QString Txt::status2(bool german) const {
 // --- Property setters
 // -----------------------------------------------------------------------------
 
-void Txt::setEnabledProperty(bool on) {
-    enabled_ = on;
-    txtText_->setEnabled(on);
-    ChangeSymbol();
-    PropertyChanged(QStringLiteral("Enabled"));
-}
-
 void Txt::setLocked(bool on) {
-    locked_ = on;
-    txtText_->setLocked(on);
+    d->locked = on;
+    d->txtText->setLocked(on);
     ChangeSymbol();
     PropertyChanged(QStringLiteral("Locked"));
 }
 
 void Txt::setRegSave(bool on) {
-    regSave_ = on;
+    d->regSave = on;
     PropertyChanged(QStringLiteral("RegSave"));
 }
 
 void Txt::setEntryWizard(bool on) {
-    entryWizard_ = on;
-    picEntryWizard_->setVisible(on);
+    d->entryWizard = on;
+    d->picEntryWizard->setVisible(on);
     PropertyChanged(QStringLiteral("EntryWizard"));
 }
 
 void Txt::setTextTyp(const QString& kind) {
-    textTyp_ = kind;
+    d->textTyp = kind;
     PropertyChanged(QStringLiteral("TextTyp"));
 }
 
 void Txt::setPasswordChar(const QString& passwordChar) {
-    passwordChar_ = passwordChar;
+    d->passwordChar = passwordChar;
     ChangeSymbol();
     PropertyChanged(QStringLiteral("PasswordChar"));
 }
 
+// The field shows the current language's half; it is the latest word on that half.
 QString Txt::Text_de() const {
-    if (IsGerman()) {
-        const_cast<TextPair&>(text_).setDe(txtText_->text());
-    }
-    return text_.de();
+    return IsGerman() ? d->txtText->text() : d->text.de();
 }
 
 QString Txt::Text_en() const {
-    if (!IsGerman()) {
-        const_cast<TextPair&>(text_).setEn(txtText_->text());
-    }
-    return text_.en();
+    return IsGerman() ? d->text.en() : d->txtText->text();
 }
 
 void Txt::setText_de(const QString& text) {
-    const qint32 max = txtText_->MaxLength();
+    const qint32 max = d->txtText->MaxLength();
     const QString value = (max > 0 && text.size() > max) ? text.left(max) : text;
-    letPairDe(text_, value, QStringLiteral("Text"), [this](const QString&) { showCurrentText(); });
+    letPairDe(d->text, value, QStringLiteral("Text"),
+              [this](const QString&) { showCurrentText(); });
 }
 
 void Txt::setText_en(const QString& text) {
-    const qint32 max = txtText_->MaxLength();
+    const qint32 max = d->txtText->MaxLength();
     const QString value = (max > 0 && text.size() > max) ? text.left(max) : text;
-    letPairEn(text_, value, QStringLiteral("Text"), [this](const QString&) { showCurrentText(); });
+    letPairEn(d->text, value, QStringLiteral("Text"),
+              [this](const QString&) { showCurrentText(); });
 }
 
 void Txt::setText(const QString& text) {
@@ -846,13 +869,13 @@ void Txt::setText(const QString& text) {
 }
 
 void Txt::setDropDownList_de(const QString& list) {
-    dropDownList_.setDe(tidyList(list, dropDownAllowDoubles_, dropDownSorted_));
+    d->dropDownList.setDe(tidyList(list, d->dropDownAllowDoubles, d->dropDownSorted));
     PropertyChanged(QStringLiteral("DropDownList_de"));
     ChangeSymbol();
 }
 
 void Txt::setDropDownList_en(const QString& list) {
-    dropDownList_.setEn(tidyList(list, dropDownAllowDoubles_, dropDownSorted_));
+    d->dropDownList.setEn(tidyList(list, d->dropDownAllowDoubles, d->dropDownSorted));
     PropertyChanged(QStringLiteral("DropDownList_en"));
     ChangeSymbol();
 }
@@ -866,29 +889,29 @@ void Txt::setDropDownList(const QString& list) {
 }
 
 void Txt::setDropDownSorted(bool on) {
-    dropDownSorted_ = on;
+    d->dropDownSorted = on;
     if (on) {
-        dropDownList_.setDe(tidyList(dropDownList_.de(), true, true));
-        dropDownList_.setEn(tidyList(dropDownList_.en(), true, true));
+        d->dropDownList.setDe(tidyList(d->dropDownList.de(), true, true));
+        d->dropDownList.setEn(tidyList(d->dropDownList.en(), true, true));
     }
     PropertyChanged(QStringLiteral("DropDownSorted"));
 }
 
 void Txt::setDropDownAllowAdding(bool on) {
-    dropDownAllowAdding_ = on;
+    d->dropDownAllowAdding = on;
     PropertyChanged(QStringLiteral("DropDownAllowAdding"));
 }
 
 void Txt::setDropDownAllowDoubles(bool on) {
-    dropDownAllowDoubles_ = on;
+    d->dropDownAllowDoubles = on;
     PropertyChanged(QStringLiteral("DropDownAllowDoubles"));
 }
 
 void Txt::setDropDownMustChooseFrom(bool on) {
-    dropDownMustChooseFrom_ = on;
+    d->dropDownMustChooseFrom = on;
     if (on) {
-        txtText_->setLocked(true);
-        dropDownAllowAdding_ = false;
+        d->txtText->setLocked(true);
+        d->dropDownAllowAdding = false;
     }
     PropertyChanged(QStringLiteral("DropDownMustChooseFrom"));
 }
@@ -905,50 +928,24 @@ void Txt::setDropDownEntryNum(qint32 number) {
 }
 
 void Txt::setToolTipText_de(const QString& text) {
-    letPairDe(toolTipText_, text, QStringLiteral("ToolTipText"), {});
+    letPairDe(d->toolTipText, text, QStringLiteral("ToolTipText"), {});
 }
 
 void Txt::setToolTipText_en(const QString& text) {
-    letPairEn(toolTipText_, text, QStringLiteral("ToolTipText"), {});
+    letPairEn(d->toolTipText, text, QStringLiteral("ToolTipText"), {});
 }
 
 void Txt::setToolTipText(const QString& text) {
-    letPair(toolTipText_, text, QStringLiteral("ToolTipText"), {});
-}
-
-void Txt::setForeColor(qint32 colour) {
-    foreColor_ = colour;
-    applyColours();
-    PropertyChanged(QStringLiteral("ForeColor"));
-}
-
-void Txt::setBackColor(qint32 colour) {
-    backColor_ = colour;
-    applyColours();
-    PropertyChanged(QStringLiteral("BackColor"));
-}
-
-QFont Txt::Font() const {
-    return font_;
-}
-
-void Txt::setFontProperty(const QFont& font) {
-    font_ = font;
-    QFont shown = font;
-    if (isPasswordField()) {
-        shown.setBold(true);
-    }
-    txtText_->setFont(shown);
-    PropertyChanged(QStringLiteral("Font"));
+    letPair(d->toolTipText, text, QStringLiteral("ToolTipText"), {});
 }
 
 qint32 Txt::MaxLength() const {
-    return txtText_->MaxLength();
+    return d->txtText->MaxLength();
 }
 
 void Txt::setMaxLength(qint32 length) {
-    txtText_->setMaxLengthProperty(length);
-    const QString text = txtText_->text();
+    d->txtText->setMaxLengthProperty(length);
+    const QString text = d->txtText->text();
     if (text.size() > length) {
         setText(text.left(std::max(length, 0)));
     }
@@ -956,71 +953,202 @@ void Txt::setMaxLength(qint32 length) {
 }
 
 void Txt::setOLEDragMode(int mode) {
-    oleDragMode_ = mode;
-    txtText_->setDragEnabled(mode == 1);
+    d->oleDragMode = mode;
+    d->txtText->setDragEnabled(mode == 1);
     PropertyChanged(QStringLiteral("OLEDragMode"));
 }
 
 void Txt::setOLEDropMode(int mode) {
-    oleDropMode_ = mode;
-    txtText_->setAcceptDrops(mode != 0);
+    d->oleDropMode = mode;
+    d->txtText->setAcceptDrops(mode != 0);
     PropertyChanged(QStringLiteral("OLEDropMode"));
 }
 
 void Txt::setValidChars(const QString& chars) {
-    rules_.setValidChars(chars);
+    d->rules.setValidChars(chars);
     PropertyChanged(QStringLiteral("ValidChars"));
 }
 
 void Txt::setValidCharAnz(const QString& rules) {
-    rules_.setValidCharAnz(rules);
+    d->rules.setValidCharAnz(rules);
     PropertyChanged(QStringLiteral("ValidCharAnz"));
 }
 
 void Txt::setCharReplace(const QString& rules) {
-    rules_.setCharReplace(rules);
+    d->rules.setCharReplace(rules);
     PropertyChanged(QStringLiteral("CharReplace"));
 }
 
 int Txt::Alignment() const {
-    return txtText_->Alignment();
+    return d->txtText->Alignment();
 }
 
 void Txt::setAlignment(int alignment) {
-    txtText_->setAlignmentProperty(alignment);
+    d->txtText->setAlignmentProperty(alignment);
     PropertyChanged(QStringLiteral("Alignment"));
 }
 
 void Txt::setTypingBehavior(int behavior) {
-    rules_.setTypingBehavior(behavior);
+    d->rules.setTypingBehavior(behavior);
     PropertyChanged(QStringLiteral("TypingBehavior"));
 }
 
 void Txt::setPassword(const QString& password) {
-    plainPassword_ = password;
-    txtText_->setText(QString(password.size(), u'?'));
-    txtText_->setCursorPosition(static_cast<int>(password.size()));
+    d->plainPassword = password;
+    d->txtText->setText(QString(password.size(), u'?'));
+    d->txtText->setCursorPosition(static_cast<int>(password.size()));
     PropertyChanged(QStringLiteral("PasswordChar"));
     emit Change();
 }
 
 qint32 Txt::SelStart() const {
-    return txtText_->SelStart();
+    return d->txtText->SelStart();
 }
 void Txt::setSelStart(qint32 start) {
-    txtText_->setSelStart(start);
+    d->txtText->setSelStart(start);
 }
 qint32 Txt::SelLength() const {
-    return txtText_->SelLength();
+    return d->txtText->SelLength();
 }
 void Txt::setSelLength(qint32 length) {
-    txtText_->setSelLength(length);
+    d->txtText->setSelLength(length);
 }
 QString Txt::SelText() const {
-    return txtText_->SelText();
+    return d->txtText->SelText();
 }
 void Txt::setSelText(const QString& text) {
-    txtText_->setSelText(text);
+    d->txtText->setSelText(text);
+}
+
+// --- Plain getters -----------------------------------------------------------------------------
+
+bool Txt::Locked() const {
+    return d->locked;
+}
+
+bool Txt::RegSave() const {
+    return d->regSave;
+}
+
+bool Txt::EntryWizard() const {
+    return d->entryWizard;
+}
+
+QString Txt::TextTyp() const {
+    return d->textTyp;
+}
+
+QString Txt::PasswordChar() const {
+    return d->passwordChar;
+}
+
+QString Txt::Text() const {
+    return d->text.current();
+}
+
+QString Txt::DropDownList_de() const {
+    return d->dropDownList.de();
+}
+
+QString Txt::DropDownList_en() const {
+    return d->dropDownList.en();
+}
+
+QString Txt::DropDownList() const {
+    return d->dropDownList.current();
+}
+
+bool Txt::DropDownSorted() const {
+    return d->dropDownSorted;
+}
+
+bool Txt::DropDownAllowAdding() const {
+    return d->dropDownAllowAdding;
+}
+
+bool Txt::DropDownAllowDoubles() const {
+    return d->dropDownAllowDoubles;
+}
+
+bool Txt::DropDownMustChooseFrom() const {
+    return d->dropDownMustChooseFrom;
+}
+
+QString Txt::ToolTipText_de() const {
+    return d->toolTipText.de();
+}
+
+QString Txt::ToolTipText_en() const {
+    return d->toolTipText.en();
+}
+
+QString Txt::ToolTipText() const {
+    return d->toolTipText.current();
+}
+
+int Txt::OLEDragMode() const {
+    return d->oleDragMode;
+}
+
+int Txt::OLEDropMode() const {
+    return d->oleDropMode;
+}
+
+QString Txt::ValidChars() const {
+    return d->rules.ValidChars();
+}
+
+QString Txt::ValidCharAnz() const {
+    return d->rules.ValidCharAnz();
+}
+
+QString Txt::CharReplace() const {
+    return d->rules.CharReplace();
+}
+
+int Txt::TypingBehavior() const {
+    return d->rules.TypingBehavior();
+}
+
+QString Txt::Password() const {
+    return d->plainPassword;
+}
+
+qint32 Txt::FillColor() const {
+    return d->fillColor;
+}
+
+bool Txt::isPasswordField() const {
+    return !d->passwordChar.isEmpty();
+}
+
+bool Txt::hasFocusFrame() const {
+    return focusInside();
+}
+
+int Txt::lastKeyCode() const {
+    return d->lastKeyCode;
+}
+
+void Txt::setFillColor(qint32 colour) {
+    d->fillColor = colour;
+}
+
+QString& Txt::plainPassword() {
+    return d->plainPassword;
+}
+
+const QString& Txt::ParentName() const {
+    return d->parentName;
+}
+
+const QStringList& Txt::dropDownEntries() const {
+    const QString list = DropDownList();
+    if (list != d->splitSource || d->splitSource.isNull() != list.isNull()) {
+        d->splitSource = list;
+        d->splitEntries = TokenSplit(list, QStringLiteral("|"));
+    }
+    return d->splitEntries;
 }
 
 VORELLE_REGISTER_CONTROL(Txt)

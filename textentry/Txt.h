@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QFont>
-#include <QPointer>
 #include <QString>
 #include <QVariant>
+#include <memory>
 
 #include "foundation/TextPair.h"
 #include "host/frame/FormControl.h"
@@ -12,6 +12,7 @@
 namespace vorelle {
 
 class EntryField;
+class TxtPrivate;
 class Form;
 class Shape;
 class SymbolPicture;
@@ -77,119 +78,218 @@ class VORELLE_EXPORT Txt : public FormControl {
     Q_PROPERTY(qint32 FillColor READ FillColor WRITE setFillColor STORED false)
 
 public:
+    /// Creates the field with its frames and symbols; started by the host.
     explicit Txt(QWidget* parent = nullptr);
+    /// Gives the field's hook its last message while the control is whole.
     ~Txt() override;
 
     // --- Properties ---
-    bool Enabled() const { return enabled_; }
-    void setEnabledProperty(bool on);
-    bool Locked() const { return locked_; }
+    /// Enabled: a disabled field passes the focus on (the frame keeps the value).
+    using ControlBase::Enabled;
+    /// Sets Enabled; the field and its symbols follow.
+    using ControlBase::setEnabledProperty;
+    /// Whether the text can be read but not changed.
+    bool Locked() const;
+    /// Locks or unlocks the text.
     void setLocked(bool on);
-    bool RegSave() const { return regSave_; }
+    /// Whether the text is stored under the form's key on leaving and loaded at Load.
+    bool RegSave() const;
+    /// Switches storing of the text.
     void setRegSave(bool on);
-    bool EntryWizard() const { return entryWizard_; }
+    /// Whether the entry history (the wizard arrow) is offered.
+    bool EntryWizard() const;
+    /// Switches the entry history.
     void setEntryWizard(bool on);
-    QString TextTyp() const { return textTyp_; }
+    /// The kind of text the field takes ("Text" and others).
+    QString TextTyp() const;
+    /// Sets the kind of text.
     void setTextTyp(const QString& kind);
-    QString PasswordChar() const { return passwordChar_; }
+    /// The password character; not empty makes a password field.
+    QString PasswordChar() const;
+    /// Sets the password character.
     void setPasswordChar(const QString& passwordChar);
+    /// The German text.
     QString Text_de() const;
+    /// Sets the German text, cut to MaxLength.
     void setText_de(const QString& text);
+    /// The English text.
     QString Text_en() const;
+    /// Sets the English text, cut to MaxLength.
     void setText_en(const QString& text);
-    QString Text() const { return text_.current(); }
+    /// The text of the current language.
+    QString Text() const;
+    /// Sets the text of the current language.
     void setText(const QString& text);
-    QString DropDownList_de() const { return dropDownList_.de(); }
+    /// The German drop-down list (pipe-separated).
+    QString DropDownList_de() const;
+    /// Sets the German list, tidied by DropDownAllowDoubles and DropDownSorted.
     void setDropDownList_de(const QString& list);
-    QString DropDownList_en() const { return dropDownList_.en(); }
+    /// The English drop-down list (pipe-separated).
+    QString DropDownList_en() const;
+    /// Sets the English list, tidied as the German one.
     void setDropDownList_en(const QString& list);
-    QString DropDownList() const { return dropDownList_.current(); }
+    /// The drop-down list of the current language.
+    QString DropDownList() const;
+    /// Sets the list of the current language.
     void setDropDownList(const QString& list);
-    bool DropDownSorted() const { return dropDownSorted_; }
+    /// Whether the lists are kept sorted.
+    bool DropDownSorted() const;
+    /// Switches sorting; on sorts both lists now.
     void setDropDownSorted(bool on);
-    bool DropDownAllowAdding() const { return dropDownAllowAdding_; }
+    /// Whether typed texts may be added to the list (Num+).
+    bool DropDownAllowAdding() const;
+    /// Switches adding to the list.
     void setDropDownAllowAdding(bool on);
-    bool DropDownAllowDoubles() const { return dropDownAllowDoubles_; }
+    /// Whether the lists may hold an entry twice.
+    bool DropDownAllowDoubles() const;
+    /// Switches doubles in the lists.
     void setDropDownAllowDoubles(bool on);
-    bool DropDownMustChooseFrom() const { return dropDownMustChooseFrom_; }
+    /// Whether only entries of the list can be chosen (the field is locked).
+    bool DropDownMustChooseFrom() const;
+    /// Switches choosing only from the list.
     void setDropDownMustChooseFrom(bool on);
+    /// The 1-based place of the text in the list, 0 when absent.
     qint32 DropDownEntryNum() const;
+    /// Takes the list entry with that number as the text.
     void setDropDownEntryNum(qint32 number);
-    QString ToolTipText_de() const { return toolTipText_.de(); }
+    /// The German tooltip.
+    QString ToolTipText_de() const;
+    /// Sets the German tooltip.
     void setToolTipText_de(const QString& text);
-    QString ToolTipText_en() const { return toolTipText_.en(); }
+    /// The English tooltip.
+    QString ToolTipText_en() const;
+    /// Sets the English tooltip.
     void setToolTipText_en(const QString& text);
-    QString ToolTipText() const { return toolTipText_.current(); }
+    /// The tooltip of the current language.
+    QString ToolTipText() const;
+    /// Sets the tooltip of the current language.
     void setToolTipText(const QString& text);
-    qint32 ForeColor() const { return foreColor_; }
-    void setForeColor(qint32 colour);
-    qint32 BackColor() const { return backColor_; }
-    void setBackColor(qint32 colour);
-    QFont Font() const;
-    void setFontProperty(const QFont& font);
+    /// ForeColor, BackColor and Font are the frame's; they reach the field.
+    using ControlBase::BackColor;
+    using ControlBase::Font;
+    using ControlBase::ForeColor;
+    using ControlBase::setBackColor;
+    using ControlBase::setFontProperty;
+    using ControlBase::setForeColor;
+    /// The longest text, 0 for no limit.
     qint32 MaxLength() const;
+    /// Sets the longest text and cuts the text to it.
     void setMaxLength(qint32 length);
-    int OLEDragMode() const { return oleDragMode_; }
+    /// 0 manual, 1 automatic dragging of the text.
+    int OLEDragMode() const;
+    /// Sets the drag mode.
     void setOLEDragMode(int mode);
-    int OLEDropMode() const { return oleDropMode_; }
+    /// 0 none, otherwise drops are taken.
+    int OLEDropMode() const;
+    /// Sets the drop mode.
     void setOLEDropMode(int mode);
-    QString ValidChars() const { return rules_.ValidChars(); }
+    /// The characters that may be typed, "" for all.
+    QString ValidChars() const;
+    /// Sets the characters that may be typed.
     void setValidChars(const QString& chars);
-    QString ValidCharAnz() const { return rules_.ValidCharAnz(); }
+    /// The count rules checked on leaving ("@=1|.>0").
+    QString ValidCharAnz() const;
+    /// Sets the count rules.
     void setValidCharAnz(const QString& rules);
-    QString CharReplace() const { return rules_.CharReplace(); }
+    /// The replacement rules of typed characters.
+    QString CharReplace() const;
+    /// Sets the replacement rules.
     void setCharReplace(const QString& rules);
+    /// 0 left, 1 right, 2 centred.
     int Alignment() const;
+    /// Sets the alignment.
     void setAlignment(int alignment);
-    int TypingBehavior() const { return rules_.TypingBehavior(); }
+    /// 0 as typed, 1 lower case, 2 upper case, 3 capitals at word starts.
+    int TypingBehavior() const;
+    /// Sets the typing behaviour.
     void setTypingBehavior(int behavior);
-    QString Password() const { return plainPassword_; }
+    /// The plain password of a password field.
+    QString Password() const;
+    /// Sets the password; the field shows one mark per character.
     void setPassword(const QString& password);
+    /// Start of the selection.
     qint32 SelStart() const;
+    /// Moves the start of the selection.
     void setSelStart(qint32 start);
+    /// Length of the selection.
     qint32 SelLength() const;
+    /// Sets the length of the selection.
     void setSelLength(qint32 length);
+    /// The selected text.
     QString SelText() const;
+    /// Replaces the selected text.
     void setSelText(const QString& text);
+    /// The German hint for the status line.
     QString Status2_de() const;
+    /// The English hint for the status line.
     QString Status2_en() const;
+    /// Constant 0: one line.
     int Multiline() const { return 0; }
+    /// Constant 0: no scroll bars.
     int ScrollBars() const { return 0; }
-    qint32 FillColor() const { return fillColor_; }
-    void setFillColor(qint32 colour) { fillColor_ = colour; }
+    /// The fill colour (kept, not drawn).
+    qint32 FillColor() const;
+    /// Sets the fill colour.
+    void setFillColor(qint32 colour);
 
-    bool isPasswordField() const { return !passwordChar_.isEmpty(); }
-    bool hasFocusFrame() const { return hasFocus_; }
+    /// True when PasswordChar is set.
+    bool isPasswordField() const;
+    /// True while the focus frame shows (the focus is inside).
+    bool hasFocusFrame() const;
 
     // --- Methods ---
+    /// Loads the stored text (and list) from the form's key; raises Change.
     Q_INVOKABLE void RegLoading();
+    /// Stores the text (and list) under the form's key.
     Q_INVOKABLE void RegSaving();
+    /// Shows the symbol that fits the state: list, wizard, key or none.
     Q_INVOKABLE void ChangeSymbol();
+    /// The mouse came over the control: hover symbols go.
     Q_INVOKABLE void MouseOver(int Button);
+    /// The mouse left the control: hover symbols go.
     Q_INVOKABLE void MouseOut(int Button);
+    /// A click on the control focuses the field.
     Q_INVOKABLE void MouseClick(int Button, float X, float Y);
+    /// Starts dragging (nothing here).
     Q_INVOKABLE void OLEDrag() {}
+    /// Reloads the language and shows its text.
     Q_INVOKABLE void Refresh();
+    /// Fills the drop-down list (the list form attaches here).
     Q_INVOKABLE virtual void FillDropDown() {}
+    /// Opens the drop-down list (the list form attaches here).
     Q_INVOKABLE virtual void ShowDropDown() {}
 
     // --- Constituents ---
-    EntryField* field() const { return txtText_; }
-    Shape* innerFrame() const { return shpWeiss_; }
-    Shape* outerFrame() const { return shpBlau_; }
+    /// The native text box, txtText.
+    EntryField* field() const;
+    /// The inner focus frame, shpWeiss.
+    Shape* innerFrame() const;
+    /// The outer focus frame, shpBlau.
+    Shape* outerFrame() const;
+    /// A symbol picture by name, or nullptr.
     SymbolPicture* picture(const QString& name) const;
 
 signals:
+    /// The text changed (raised last).
     void Change();
+    /// The field was clicked.
     void Click();
+    /// The field was double-clicked.
     void DblClick();
+    /// A drag ended.
     void OLECompleteDrag(int& Effect);
+    /// Something was dropped on the field.
     void OLEDragDrop(QVariant Data, int& Effect, int Button, int Shift, float X, float Y);
+    /// Something is dragged over the field.
     void OLEDragOver(QVariant Data, int& Effect, int Button, int Shift, float X, float Y,
                      int State);
+    /// Feedback during a drag.
     void OLEGiveFeedback(int& Effect, bool& DefaultCursors);
+    /// Data of a drag is asked for.
     void OLESetData(QVariant Data, int& DataFormat);
+    /// A drag starts.
     void OLEStartDrag(QVariant Data, int& AllowedEffects);
+    /// A typed character after the filters; 0 drops it.
     void KeyPress(int& KeyAscii);
 
 protected:
@@ -200,6 +300,10 @@ protected:
     void EnterFocus() override;
     void ExitFocus() override;
     void AfterReadProperties() override;
+    void applyForeColor(const QColor& color) override;
+    void applyBackColor(const QColor& color) override;
+    void applyFont(const QFont& font) override;
+    void applyEnabled(bool on) override;
 
     // Points where the drop-down list, the entry wizard and the password fields attach.
     // Each does nothing here.
@@ -220,9 +324,9 @@ protected:
     virtual void passwordRegSave() {}
 
     // The private state of the key handlers.
-    int lastKeyCode() const { return lastKeyCode_; }
-    QString& plainPassword() { return plainPassword_; }
-    const QString& ParentName() const { return parentName_; }
+    int lastKeyCode() const;
+    QString& plainPassword();
+    const QString& ParentName() const;
 
 private:
     void onKeyDown(int& KeyCode, int& Shift);
@@ -236,49 +340,12 @@ private:
     void hideHoverPictures();
     void showHover(SymbolPicture* rest, SymbolPicture* hover);
     void showCurrentText();
-    void applyColours();
     void setDropDownAddVisible(bool on);
+    // The entries of the current drop-down list, split only when the list changed.
+    const QStringList& dropDownEntries() const;
     QString status2(bool german) const;
 
-    EntryField* txtText_ = nullptr;
-    Shape* shpWeiss_ = nullptr;
-    Shape* shpBlau_ = nullptr;
-    SymbolPicture* picDropdownAddMouseOver_ = nullptr;
-    SymbolPicture* picDropdownAdd_ = nullptr;
-    SymbolPicture* picPassMouseOver_ = nullptr;
-    SymbolPicture* picEntryWizardMouseOver_ = nullptr;
-    SymbolPicture* picEntryWizard_ = nullptr;
-    SymbolPicture* picPass_ = nullptr;
-    SymbolPicture* picDropdownMouseOver_ = nullptr;
-    SymbolPicture* picDropdown_ = nullptr;
-
-    CharRules rules_;
-    TextPair text_;
-    TextPair dropDownList_;
-    TextPair toolTipText_;
-    QString textTyp_ = QStringLiteral("Text");
-    QString passwordChar_;
-    QString plainPassword_;
-    QString parentName_;
-    QPointer<Form> parentForm_;
-    QFont font_;
-    qint32 foreColor_ = 0;
-    qint32 backColor_ = 0xFFFFFF;
-    qint32 fillColor_ = 0;
-    int oleDragMode_ = 0;
-    int oleDropMode_ = 0;
-    int lastKeyCode_ = 0;
-    int mouseDownSelStart_ = 0;
-    bool enabled_ = true;
-    bool locked_ = false;
-    bool regSave_ = true;
-    bool entryWizard_ = true;
-    bool dropDownSorted_ = false;
-    bool dropDownAllowAdding_ = false;
-    bool dropDownAllowDoubles_ = false;
-    bool dropDownMustChooseFrom_ = false;
-    bool hasFocus_ = false;
-    bool loadConnected_ = false;
+    std::unique_ptr<TxtPrivate> d;
 };
 
 }  // namespace vorelle

@@ -375,6 +375,16 @@ void ControlBase::initBackColor(qint32 color) {
     applyBackColor(OleToQColor(color));
 }
 
+void ControlBase::initEnabled(bool on) {
+    d->enabled = on;
+    applyEnabled(on);
+}
+
+void ControlBase::initFont(const QFont& font) {
+    setFont(font);
+    applyFont(font);
+}
+
 void ControlBase::readForeColor(const PropertyBag& bag, qint32 defaultColor) {
     initForeColor(bag.ReadProperty(QStringLiteral("ForeColor"), defaultColor).toInt());
 }

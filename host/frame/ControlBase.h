@@ -255,6 +255,10 @@ protected:
     void initForeColor(qint32 color);
     /// Sets BackColor without reporting: for InitProperties and constructors.
     void initBackColor(qint32 color);
+    /// Sets Enabled and applies it without reporting: for ReadProperties.
+    void initEnabled(bool on);
+    /// Sets Font and applies it without reporting: for ReadProperties.
+    void initFont(const QFont& font);
 
     /// Tells the host that the named property is dirty.
     void PropertyChanged(const QString& name);

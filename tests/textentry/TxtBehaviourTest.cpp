@@ -137,6 +137,21 @@ TEST_F(TxtTest, CompletionTakesTheFirstEntryThatBeginsWithTheText) {
     EXPECT_EQ(field()->text(), QStringLiteral("Hap"));
 }
 
+TEST_F(TxtTest, CompletionFollowsANewListAndTheOtherLanguagesList) {
+    make({{QStringLiteral("DropDownList_en"), QStringLiteral("Hansi|Peter")},
+          {QStringLiteral("DropDownList_de"), QStringLiteral("Hannelore")}});
+    type(QStringLiteral("Ha"));
+    EXPECT_EQ(field()->text(), QStringLiteral("Hansi"));
+    txt->setDropDownList_en(QStringLiteral("Harald|Peter"));
+    field()->clear();
+    type(QStringLiteral("Ha"));
+    EXPECT_EQ(field()->text(), QStringLiteral("Harald"));
+    setLanguage(QStringLiteral("de"));
+    field()->clear();
+    type(QStringLiteral("Ha"));
+    EXPECT_EQ(field()->text(), QStringLiteral("Hannelore"));
+}
+
 TEST_F(TxtTest, DeletingNeverCompletes) {
     make({{QStringLiteral("DropDownList_en"), QStringLiteral("Peter")}});
     field()->setText(QStringLiteral("Pe"));  // completes, being a change
