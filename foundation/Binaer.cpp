@@ -166,4 +166,8 @@ QString BinaerErrorText() {
     return errorField();
 }
 
+void BinaerReset() {
+    errorField().clear();
+}
+
 }  // namespace vorelle

@@ -27,5 +27,7 @@ VORELLE_EXPORT QString RadixToBin(const QString& Text, int BitWidth, QString& Er
 VORELLE_EXPORT QString RadixToBin(const QString& Text, int BitWidth);
 // The error text of the last BinToRadix or RadixToBin call; "" when it succeeded.
 VORELLE_EXPORT QString BinaerErrorText();
+// Clears the error text of the last call, as at the start of the process.
+VORELLE_EXPORT void BinaerReset();
 
 }  // namespace vorelle

@@ -11,7 +11,7 @@ namespace vorelle {
 /// Calls by member name through Qt's meta-object system, always with errors trapped:
 /// a missing object, a missing member or arguments that do not fit are no error, the
 /// call simply does nothing and `ok` (when given) becomes false.
-//
+///
 /// LateCall finds a Q_INVOKABLE method, slot or signal with the name and as many
 /// parameters as arguments, converts each argument to its parameter's type and calls it.
 /// The caller's arguments are never changed. Without a method of that name, a call with no

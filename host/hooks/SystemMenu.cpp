@@ -21,6 +21,7 @@
 #include <windows.h>
 
 #include <QAbstractNativeEventFilter>
+#include <QPointer>
 #endif
 
 namespace vorelle {
@@ -90,12 +91,13 @@ public:
 
 // The platform's own window menu gets the same entries as the form's actions.
 void nativeRebuild(Form* form) {
-    static SystemCommandFilter* filter = [] {
-        auto* f = new SystemCommandFilter;
-        QCoreApplication::instance()->installNativeEventFilter(f);
-        return f;
-    }();
-    Q_UNUSED(filter);
+    // One filter for each application lifetime: a new application has none installed.
+    static SystemCommandFilter filter;
+    static QPointer<QCoreApplication> installedOn;
+    if (installedOn != QCoreApplication::instance()) {
+        installedOn = QCoreApplication::instance();
+        installedOn->installNativeEventFilter(&filter);
+    }
     const HWND hwnd = reinterpret_cast<HWND>(form->window()->winId());
     GetSystemMenu(hwnd, TRUE);
     const HMENU menu = GetSystemMenu(hwnd, FALSE);

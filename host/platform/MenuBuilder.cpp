@@ -110,4 +110,11 @@ int MenuRowCount() {
     return static_cast<int>(table().rows.size());
 }
 
+void MenuReset() {
+    MenuTable& t = table();
+    if (!t.open) {
+        t = MenuTable{};
+    }
+}
+
 }  // namespace vorelle

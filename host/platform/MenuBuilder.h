@@ -36,5 +36,8 @@ VORELLE_EXPORT bool MenuIsOpen();
 // The id of the menu being built and the number of rows in its table.
 VORELLE_EXPORT QString MenuId();
 VORELLE_EXPORT int MenuRowCount();
+// Drops the menu table, as at the start of the process (tests start from a clean state).
+// A menu that is up keeps its rows until it closes.
+VORELLE_EXPORT void MenuReset();
 
 }  // namespace vorelle

@@ -4,6 +4,32 @@
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
+#include <memory>
+
+#include "support/Application.h"
+
+namespace {
+
+// QApplication keeps a reference to argc: both outlive every application of the run.
+int appArgc = 0;
+char** appArgv = nullptr;
+std::unique_ptr<QApplication> app;
+
+void startApplication() {
+    app = std::make_unique<QApplication>(appArgc, appArgv);
+    QApplication::setApplicationName(QStringLiteral("VorelleTests"));
+}
+
+}  // namespace
+
+namespace vorelle::test {
+
+void RestartApplication() {
+    app.reset();
+    startApplication();
+}
+
+}  // namespace vorelle::test
 
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
@@ -20,8 +46,11 @@ int main(int argc, char** argv) {
     QDir().mkpath(library);
     qputenv("VORELLE_LIBRARY_DIR", library.toLocal8Bit());
 
-    QApplication app(argc, argv);
-    QApplication::setApplicationName(QStringLiteral("VorelleTests"));
+    appArgc = argc;
+    appArgv = argv;
+    startApplication();
     ::testing::InitGoogleMock(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int result = RUN_ALL_TESTS();
+    app.reset();
+    return result;
 }
