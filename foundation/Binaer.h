@@ -9,7 +9,7 @@ namespace vorelle {
 // Bit strings and radix packing (the stored form of passwords).
 
 // The eight bits of a byte value, highest first ("00000101" for 5). A value outside
-// 0..255 is reported through ErrorDialog and gives "".
+// 0..255 is reported through ReportError (the error dialog) and gives "".
 VORELLE_EXPORT QString DecToBin(int Byte);
 // The value of a bit string; characters other than "1" count as 0 bits.
 VORELLE_EXPORT qint32 BinToDec(const QString& Bits);

@@ -1,5 +1,6 @@
 #include "host/platform/ErrorDialog.h"
 
+#include "foundation/ErrorReport.h"
 #include "foundation/Language.h"
 #include "foundation/LibraryInfo.h"
 #include "foundation/Logs.h"
@@ -76,6 +77,16 @@ QString screenshotRequest() {
                                    "screenshot of this window (Alt+PrintScreen) to ")) +
            QLatin1String(kSupportAddress);
 }
+
+int reportThroughTheDialog(const QString& FunctionName, const QString& ErrorText, int ErrorNo,
+                           const QString& DebugInfo, const QString& ExtraText, bool Silent,
+                           int Buttons) {
+    return ErrorDialog(FunctionName, ErrorText, ErrorNo, DebugInfo, ExtraText, Silent, Buttons);
+}
+
+// The foundation's failures reach the user through the dialog from the moment the
+// library is loaded.
+[[maybe_unused]] const bool kInstalled = (SetErrorReportFunction(reportThroughTheDialog), true);
 
 }  // namespace
 
