@@ -26,7 +26,7 @@ public:
     struct Change {
         enum Kind { CreateKey, DeleteTree, SetValue, DeleteValue };
         Kind kind = CreateKey;
-        quint32 root = HKEY_CURRENT_USER;
+        quint32 root = 0x80000001u;  // HKEY_CURRENT_USER (a macro in <windows.h>)
         QString key;
         QString name;
         QByteArray data;  // Windows-1252 bytes of SetValue

@@ -36,7 +36,11 @@ VORELLE_EXPORT void RegSet(const QString& Program, const QString& Key, const QSt
 VORELLE_EXPORT void RegSetRoot(quint32 Root, const QString& SubKey, const QString& Name,
                                const QString& Value);
 // Deletes a key with everything below it; the status of the last backend call.
+// (<windows.h> defines RegDeleteTree as a macro; it is set aside for the declaration.)
+#pragma push_macro("RegDeleteTree")
+#undef RegDeleteTree
 VORELLE_EXPORT long RegDeleteTree(quint32 Root, const QString& SubKey);
+#pragma pop_macro("RegDeleteTree")
 // Kind "KEY" deletes the tree at Path (relative to Software\Haldrake\Vorelle\); "VALUE",
 // or a key that could not be deleted, deletes the value named after the last "\" of Path.
 VORELLE_EXPORT void RegDelete(const QString& Path, const QString& Kind);

@@ -7,6 +7,19 @@
 
 namespace vorelle {
 
+// <windows.h> defines the root names as macros (handles of the same values); they are
+// set aside while the enumeration is declared.
+// clang-format off
+#pragma push_macro("HKEY_CLASSES_ROOT")
+#undef HKEY_CLASSES_ROOT
+#pragma push_macro("HKEY_CURRENT_USER")
+#undef HKEY_CURRENT_USER
+#pragma push_macro("HKEY_LOCAL_MACHINE")
+#undef HKEY_LOCAL_MACHINE
+#pragma push_macro("HKEY_USERS")
+#undef HKEY_USERS
+// clang-format on
+
 // Roots of the registry tree, with the values of the platform's predefined handles.
 enum RegRoot : quint32 {
     HKEY_CLASSES_ROOT = 0x80000000u,
@@ -14,6 +27,13 @@ enum RegRoot : quint32 {
     HKEY_LOCAL_MACHINE = 0x80000002u,
     HKEY_USERS = 0x80000003u,
 };
+
+// clang-format off
+#pragma pop_macro("HKEY_CLASSES_ROOT")
+#pragma pop_macro("HKEY_CURRENT_USER")
+#pragma pop_macro("HKEY_LOCAL_MACHINE")
+#pragma pop_macro("HKEY_USERS")
+// clang-format on
 
 // Status codes of the backend calls, as the registry API gives them.
 enum RegStatus : long {

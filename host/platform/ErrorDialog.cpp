@@ -148,7 +148,7 @@ int ErrorDialog(const QString& FunctionName, QString& ErrorText, int ErrorNo,
 
     int result = 0;
     if (!Silent) {
-        result = MessageBox::instance().show(message, ErrorDialogTitle(), Buttons);
+        result = MessageBoxService::instance().show(message, ErrorDialogTitle(), Buttons);
     }
     if (result == vbCancel || result == vbAbort || (result == vbOK && !(Buttons & 1))) {
         ProcessExit::instance().exit(99);

@@ -7,18 +7,27 @@
 
 namespace vorelle {
 
-MessageBox::~MessageBox() = default;
+MessageBoxService::~MessageBoxService() = default;
 
 int SystemMessageBox::show(const QString& text, const QString& title, int style) {
     QMessageBox box;
     box.setText(text);
     box.setWindowTitle(title.isEmpty() ? QApplication::applicationName() : title);
     switch (style & 0x70) {
-        case 16: box.setIcon(QMessageBox::Critical); break;
-        case 32: box.setIcon(QMessageBox::Question); break;
-        case 48: box.setIcon(QMessageBox::Warning); break;
-        case 64: box.setIcon(QMessageBox::Information); break;
-        default: break;
+        case 16:
+            box.setIcon(QMessageBox::Critical);
+            break;
+        case 32:
+            box.setIcon(QMessageBox::Question);
+            break;
+        case 48:
+            box.setIcon(QMessageBox::Warning);
+            break;
+        case 64:
+            box.setIcon(QMessageBox::Information);
+            break;
+        default:
+            break;
     }
     struct Choice {
         QMessageBox::StandardButton button;
@@ -26,18 +35,28 @@ int SystemMessageBox::show(const QString& text, const QString& title, int style)
     };
     QList<Choice> choices;
     switch (style & 0x0F) {
-        case 1: choices = {{QMessageBox::Ok, vbOK}, {QMessageBox::Cancel, vbCancel}}; break;
+        case 1:
+            choices = {{QMessageBox::Ok, vbOK}, {QMessageBox::Cancel, vbCancel}};
+            break;
         case 2:
-            choices = {{QMessageBox::Abort, vbAbort}, {QMessageBox::Retry, vbRetry},
+            choices = {{QMessageBox::Abort, vbAbort},
+                       {QMessageBox::Retry, vbRetry},
                        {QMessageBox::Ignore, vbIgnore}};
             break;
         case 3:
-            choices = {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo},
+            choices = {{QMessageBox::Yes, vbYes},
+                       {QMessageBox::No, vbNo},
                        {QMessageBox::Cancel, vbCancel}};
             break;
-        case 4: choices = {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo}}; break;
-        case 5: choices = {{QMessageBox::Retry, vbRetry}, {QMessageBox::Cancel, vbCancel}}; break;
-        default: choices = {{QMessageBox::Ok, vbOK}}; break;
+        case 4:
+            choices = {{QMessageBox::Yes, vbYes}, {QMessageBox::No, vbNo}};
+            break;
+        case 5:
+            choices = {{QMessageBox::Retry, vbRetry}, {QMessageBox::Cancel, vbCancel}};
+            break;
+        default:
+            choices = {{QMessageBox::Ok, vbOK}};
+            break;
     }
     QMessageBox::StandardButtons buttons;
     for (const Choice& c : choices) {
@@ -54,14 +73,18 @@ int SystemMessageBox::show(const QString& text, const QString& title, int style)
     return choices.size() == 1 ? choices.front().result : vbCancel;
 }
 
-void SystemMessageBox::beep() { QApplication::beep(); }
-
-VORELLE_DEFINE_SERVICE(MessageBox, SystemMessageBox)
-
-int MsgBox(const QString& Text, int Style, const QString& Title) {
-    return MessageBox::instance().show(Text, Title, Style);
+void SystemMessageBox::beep() {
+    QApplication::beep();
 }
 
-void Beep() { MessageBox::instance().beep(); }
+VORELLE_DEFINE_SERVICE(MessageBoxService, SystemMessageBox)
+
+int MsgBox(const QString& Text, int Style, const QString& Title) {
+    return MessageBoxService::instance().show(Text, Title, Style);
+}
+
+void Beep() {
+    MessageBoxService::instance().beep();
+}
 
 }  // namespace vorelle

@@ -7,24 +7,37 @@
 namespace vorelle {
 
 // Answers of a message box, as the platform numbers them.
-enum MsgBoxResult { vbOK = 1, vbCancel = 2, vbAbort = 3, vbRetry = 4, vbIgnore = 5, vbYes = 6, vbNo = 7 };
+enum MsgBoxResult {
+    vbOK = 1,
+    vbCancel = 2,
+    vbAbort = 3,
+    vbRetry = 4,
+    vbIgnore = 5,
+    vbYes = 6,
+    vbNo = 7
+};
 
 // Style bits: buttons in the low nibble (0 OK, 1 OK/Cancel, 2 Abort/Retry/Ignore,
 // 3 Yes/No/Cancel, 4 Yes/No, 5 Retry/Cancel), icons 16 critical, 32 question,
 // 48 exclamation, 64 information.
-class VORELLE_EXPORT MessageBox {
+// (Named MessageBoxService, as <windows.h> defines MessageBox as a macro.)
+class VORELLE_EXPORT MessageBoxService {
 public:
-    virtual ~MessageBox();
+    virtual ~MessageBoxService();
     // Shows a modal box and returns the button pressed (MsgBoxResult).
     virtual int show(const QString& text, const QString& title, int style) = 0;
     // A short sound, the platform's beep.
     virtual void beep() = 0;
 
-    static MessageBox& instance();
-    static MessageBox* setInstance(MessageBox* box);
+    static MessageBoxService& instance();
+    static MessageBoxService* setInstance(MessageBoxService* box);
 };
 
-class VORELLE_EXPORT SystemMessageBox : public MessageBox {
+// The earlier name of MessageBoxService. After <windows.h> this alias is declared under
+// the macro's name (MessageBoxW), which is harmless.
+using MessageBox = MessageBoxService;
+
+class VORELLE_EXPORT SystemMessageBox : public MessageBoxService {
 public:
     int show(const QString& text, const QString& title, int style) override;
     void beep() override;

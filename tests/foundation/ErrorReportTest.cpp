@@ -76,7 +76,7 @@ TEST(ErrorReport, WithoutAReporterAFailureIsLoggedOnlyAndTheProgramGoesOn) {
     test::ScopedLogFolder logs;
     test::FakeMessageBox box;
     test::FakeProcessExit exits;
-    ScopedService<MessageBox> boxScope(box);
+    ScopedService<MessageBoxService> boxScope(box);
     ScopedService<ProcessExit> exitScope(exits);
     ScopedReport scope(nullptr);
 
