@@ -5,11 +5,10 @@
 #include <memory>
 
 #include "foundation/Export.h"
+#include "host/form/Form.h"
 #include "host/form/UiFileError.h"
 
 namespace vorelle {
-
-class Form;
 
 // Builds forms from Qt Designer files (.ui) and writes them back.
 //

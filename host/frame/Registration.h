@@ -40,13 +40,15 @@ VORELLE_EXPORT QList<ClassRegistration> RegisteredClasses();
 
 // The four entry points of an in-process component server. Off Windows there is no
 // component registry: they are documented no-ops with the results that a server gives
-// when it has nothing to do.
+// when it has nothing to do. On Windows, <windows.h> declares them with its own types and
+// a program calls them through those; the declarations here serve the library's build.
 using VorelleHResult = std::int32_t;
 inline constexpr VorelleHResult kVorelleOk = 0;     // S_OK
 inline constexpr VorelleHResult kVorelleFalse = 1;  // S_FALSE
 inline constexpr VorelleHResult kVorelleClassNotAvailable =
     static_cast<VorelleHResult>(0x80040111);  // CLASS_E_CLASSNOTAVAILABLE
 
+#if !defined(_WIN32) || defined(VORELLE_BUILDING_LIBRARY)
 extern "C" {
 // Writes the classes and the type library into the component registry; S_OK (nothing to
 // write off Windows).
@@ -60,3 +62,4 @@ VORELLE_EXPORT VorelleHResult DllGetClassObject(const void* rclsid, const void* 
 // S_OK when no control instance is alive, S_FALSE otherwise.
 VORELLE_EXPORT VorelleHResult DllCanUnloadNow();
 }
+#endif

@@ -4,5 +4,5 @@
 #include <vorelle/vorelle.h>
 
 // The library's names stay usable next to the platform's.
-[[maybe_unused]] static vorelle::MsgBox* box = nullptr;
+[[maybe_unused]] static vorelle::MessageBoxService* box = nullptr;
 [[maybe_unused]] static const auto root = vorelle::RegRoot{0x80000001u};

@@ -3,5 +3,5 @@
 
 #include <vorelle/vorelle.h>
 
-[[maybe_unused]] static vorelle::MsgBox* box = nullptr;
+[[maybe_unused]] static vorelle::MessageBoxService* box = nullptr;
 [[maybe_unused]] static const auto root = vorelle::RegRoot{0x80000001u};
