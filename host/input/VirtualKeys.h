@@ -131,7 +131,7 @@ namespace vorelle {
 #undef VK_OEM_102
 // clang-format on
 
-// Virtual key codes of the platform, as the library's key handling uses them.
+/// Virtual key codes of the platform, as the library's key handling uses them.
 enum VirtualKey : int {
     VK_LBUTTON = 1,
     VK_RBUTTON = 2,
@@ -256,18 +256,18 @@ enum VirtualKey : int {
 #pragma pop_macro("VK_OEM_102")
 // clang-format on
 
-// Shift state bits of key events: 1 Shift, 2 Ctrl, 4 Alt.
+/// Shift state bits of key events: 1 Shift, 2 Ctrl, 4 Alt.
 enum ShiftState : int { vbShiftMask = 1, vbCtrlMask = 2, vbAltMask = 4 };
 
-// The virtual key code of a Qt key event (numeric keypad keys give VK_NUMPAD0.. and
-// VK_ADD..); 0 for keys without one.
+/// The virtual key code of a Qt key event (numeric keypad keys give VK_NUMPAD0.. and
+/// VK_ADD..); 0 for keys without one.
 VORELLE_EXPORT int VirtualKeyFromEvent(const QKeyEvent* event);
-// The same for a Qt key and its modifiers (Qt::KeypadModifier selects the keypad codes).
+/// The same for a Qt key and its modifiers (Qt::KeypadModifier selects the keypad codes).
 VORELLE_EXPORT int VirtualKeyFromQt(int qtKey, Qt::KeyboardModifiers modifiers);
-// The Qt key of a virtual key code, and whether it lives on the keypad; Qt::Key_unknown
-// when there is none.
+/// The Qt key of a virtual key code, and whether it lives on the keypad; Qt::Key_unknown
+/// when there is none.
 VORELLE_EXPORT int QtKeyFromVirtualKey(int virtualKey, bool* keypad = nullptr);
-// The shift state bits of Qt modifiers.
+/// The shift state bits of Qt modifiers.
 VORELLE_EXPORT int ShiftFromModifiers(Qt::KeyboardModifiers modifiers);
 
 }  // namespace vorelle
