@@ -36,7 +36,7 @@ public:
 
     QSize sizeHint() const override { return {kSize, kSize}; }
 
-signals:
+Q_SIGNALS:
     /// The mouse moved over the symbol.
     void MouseMove();
     /// The left button was released over the symbol.

@@ -83,7 +83,7 @@ public:
     /// The host's button number of a Qt mouse button.
     static int ButtonOf(Qt::MouseButton button);
 
-signals:
+Q_SIGNALS:
     /// A key went down; a handler may set KeyCode to 0 to swallow it.
     void KeyDown(int& KeyCode, int& Shift);
     /// A character was typed; a handler may change KeyAscii or set it to 0 to drop it.
