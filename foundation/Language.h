@@ -12,7 +12,7 @@ VORELLE_EXPORT const QString& CurrentLanguage();
 /// Whether CurrentLanguage is "de".
 VORELLE_EXPORT bool IsGerman();
 
-/// Reads Sprache under Vorelle\Config of the store; anything but "de" or "en" gives "en".
+/// Reads Sprache under `Vorelle\Config` of the store; anything but "de" or "en" gives "en".
 VORELLE_EXPORT void LanguageLoad();
 
 ///@{

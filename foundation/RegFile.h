@@ -13,13 +13,13 @@ namespace vorelle {
 ///
 ///   Windows Registry Editor Version 5.00
 ///
-///   [HKEY_CURRENT_USER\Software\Haldrake\Vorelle\Config]
+///   `[HKEY_CURRENT_USER\Software\Haldrake\Vorelle\Config]`
 ///   "Sprache"="de"
 ///
-/// Names and texts escape "\" and '"' with a backslash; @ is the unnamed value. A value that
+/// Names and texts escape "`\`" and '"' with a backslash; @ is the unnamed value. A value that
 /// holds a line end or a zero character is written as hex(1): its UTF-16LE bytes with a
 /// terminator. Reading also knows "[-KEY]" (delete the tree), "name"=- (delete the value),
-/// comments (";"), lines continued with "\" and the older header "REGEDIT4". Other value
+/// comments (";"), lines continued with "`\`" and the older header "REGEDIT4". Other value
 /// types are refused: the store holds strings only.
 class VORELLE_EXPORT RegFile {
 public:
@@ -39,7 +39,7 @@ public:
         QByteArray data;  // Windows-1252 bytes of SetValue
     };
 
-    /// The tree at root\subKey, with the spelling the store keeps; "" when the key is missing.
+    /// The tree at `root\subKey`, with the spelling the store keeps; "" when the key is missing.
     static QString exportText(quint32 root, const QString& subKey);
     /// The file bytes the editor writes: UTF-16LE with byte order mark, CR LF line ends.
     static QByteArray encode(const QString& text);

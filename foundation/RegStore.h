@@ -17,19 +17,19 @@ namespace vorelle {
 // Default. Reads never create a key and never report a failure; writes fail silently.
 // Each routine call is one transaction of the backend.
 
-/// Reads value Name of Software\Haldrake\Vorelle\<Key>.
+/// Reads value Name of `Software\Haldrake\Vorelle\<Key>`.
 VORELLE_EXPORT QString RegGetApp(const QString& Key, const QString& Name, const QString& Default);
 ///@{
-/// Reads value Name of Software\Haldrake\<Program>\<Key>; Program "" becomes "Vorelle".
+/// Reads value Name of `Software\Haldrake\<Program>\<Key>`; Program "" becomes "Vorelle".
 VORELLE_EXPORT QString RegGet(QString& Program, const QString& Key, const QString& Name,
                               const QString& Default);
 VORELLE_EXPORT QString RegGet(const QString& Program, const QString& Key, const QString& Name,
                               const QString& Default);
 ///@}
-/// Writes under Software\Haldrake\Vorelle\<Key>; an empty Value deletes the value.
+/// Writes under `Software\Haldrake\Vorelle\<Key>`; an empty Value deletes the value.
 VORELLE_EXPORT void RegSetApp(const QString& Key, const QString& Name, const QString& Value);
 ///@{
-/// Writes under Software\Haldrake\<Program>\<Key>; Program "" becomes "Vorelle", and
+/// Writes under `Software\Haldrake\<Program>\<Key>`; Program "" becomes "Vorelle", and
 /// Value comes back escaped.
 VORELLE_EXPORT void RegSet(QString& Program, const QString& Key, const QString& Name,
                            QString& Value);
@@ -45,8 +45,8 @@ VORELLE_EXPORT void RegSetRoot(quint32 Root, const QString& SubKey, const QStrin
 #undef RegDeleteTree
 VORELLE_EXPORT long RegDeleteTree(quint32 Root, const QString& SubKey);
 #pragma pop_macro("RegDeleteTree")
-/// Kind "KEY" deletes the tree at Path (relative to Software\Haldrake\Vorelle\); "VALUE",
-/// or a key that could not be deleted, deletes the value named after the last "\" of Path.
+/// Kind "KEY" deletes the tree at Path (relative to `Software\Haldrake\Vorelle\`); "VALUE",
+/// or a key that could not be deleted, deletes the value named after the last "`\`" of Path.
 VORELLE_EXPORT void RegDelete(const QString& Path, const QString& Kind);
 ///@{
 /// Writes Key=Value into Section of an INI file, keeping the other lines and their order;
@@ -59,8 +59,8 @@ VORELLE_EXPORT bool IniWrite(QString& File, const QString& Section, const QStrin
 VORELLE_EXPORT bool IniWrite(const QString& File, const QString& Section, const QString& Key,
                              const QString& Value);
 ///@}
-/// Publishes the hosting program: Path, Exe, Version, Build under <AppTitle>\App and the
-/// executable's path as value AppTitle of Software\Haldrake\Apps.
+/// Publishes the hosting program: Path, Exe, Version, Build under `<AppTitle>\App` and the
+/// executable's path as value AppTitle of `Software\Haldrake\Apps`.
 VORELLE_EXPORT void RegSaveProgramProps(const QString& AppTitle);
 
 /// The ANSI text of the store (Windows-1252) and back; a code point outside the code page

@@ -52,7 +52,7 @@ enum RegStatus : long {
 using RegHandle = quintptr;  ///< 0 is no key
 
 /// The byte-level registry: keys below a root, each with string values. Key paths use
-/// "\" and are compared without regard to case; value data are the ANSI bytes
+/// "`\`" and are compared without regard to case; value data are the ANSI bytes
 /// (Windows-1252) of the text, without terminator. Every call returns a RegStatus.
 class VORELLE_EXPORT RegistryBackend {
 public:
@@ -77,7 +77,7 @@ public:
     /// The names of the values of a key, in the backend's order.
     virtual long enumValues(RegHandle key, QStringList* names) = 0;
 
-    /// Reads value name of root\subKey in one step: openKey, queryValue and closeKey as
+    /// Reads value name of `root\subKey` in one step: openKey, queryValue and closeKey as
     /// one transaction. A missing key or value gives REG_FILE_NOT_FOUND.
     virtual long readValue(quint32 root, const QString& subKey, const QString& name,
                            QByteArray* data);

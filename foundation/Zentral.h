@@ -130,7 +130,7 @@ VORELLE_EXPORT bool IsCompiled();
 /// Whether Path exists; with OnlyFiles a folder does not count.
 VORELLE_EXPORT bool FileExists(const QString& Path, bool OnlyFiles = false);
 /// The folder part of Path; TrailingSlash keeps the final separator, DropRoot drops the drive or
-/// server, AllowServer accepts "\\server\share" paths.
+/// server, AllowServer accepts "`\\server\share`" paths.
 VORELLE_EXPORT QString PathPart(const QString& Path, bool TrailingSlash = false,
                                 bool DropRoot = false, bool AllowServer = true);
 /// "" or the path of a module: the hosting executable for 0.

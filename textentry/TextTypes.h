@@ -34,8 +34,8 @@ VORELLE_EXPORT QString TextTypeUndefined(const QString& choice);
 
 /// The nouns of the tooltip sentences by stored TextTyp; false for a TextTyp without one.
 VORELLE_EXPORT bool TextTypeNouns(const QString& textTyp, QString* nounDe, QString* nounEn);
-/// The tooltip sentences of a TextTyp: "Bitte geben Sie <noun> mit max. <n> Zeichen ein."
-/// and "please enter <noun> with max. <n> characters."; an unknown TextTyp gets an empty
+/// The tooltip sentences of a TextTyp: "Bitte geben Sie `<noun>` mit max. `<n>` Zeichen ein."
+/// and "please enter `<noun>` with max. `<n>` characters."; an unknown TextTyp gets an empty
 /// noun, and TextTypeTooltipWarning the text the page shows about it ("" for a known one).
 VORELLE_EXPORT QString TextTypeTooltipDe(const QString& textTyp, qint32 maxLength);
 /// The English tooltip sentence of a TextTyp.

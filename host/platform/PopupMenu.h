@@ -16,7 +16,7 @@ enum MenuFlag : int { MenuGrayed = 1, MenuChecked = 8, MenuSeparator = 2048 };
 /// One row of a popup menu: an item, a separator, or the head of a submenu whose items
 /// follow with a depth one higher.
 struct MenuRow {
-    QString id;    ///< the full id: items of a submenu carry "<sub>\<id>"
+    QString id;    ///< the full id: items of a submenu carry "`<sub>\<id>`"
     QString text;  ///< a tab separates the text from its shortcut hint
     /// The menu flags of the item (checked, greyed, ...).
     int flags = 0;
