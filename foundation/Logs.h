@@ -32,10 +32,10 @@ VORELLE_EXPORT QString LogStamp();
 
 /// Append one line to error.log / debug.log in the library's folder. A log that cannot be
 /// written gives false; nothing is thrown.
-/// LogError: `stamp@Vorelle V 6.71.285@FunctionName@Kind: '<error text>' (<error number>)`
-///           `[ - DebugInfo: Text]`.
+/// LogError: stamp\@Vorelle V 6.71.285\@FunctionName\@Kind: '\<error text\>'
+///           (\<error number\>) [ - DebugInfo: Text].
 /// LogDebug: first LogError when the current error number is above 0; then, while
-///           DebugLevel is not 0, `stamp@Vorelle V 6.71.285@FunctionName@Kind: 'Text'`.
+///           DebugLevel is not 0, stamp\@Vorelle V 6.71.285\@FunctionName\@Kind: 'Text'.
 VORELLE_EXPORT bool LogError(const QString& Text, const QString& FunctionName,
                              const QString& Kind = QString());
 /// Logs to error.log while there is a current error, then to debug.log while DebugLevel is not 0.
