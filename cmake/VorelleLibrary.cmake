@@ -47,11 +47,8 @@ endfunction()
 
 # foundation/ as seen from its own layer: <build>/layers/foundation/foundation -> source.
 set(VORELLE_FOUNDATION_ROOT ${PROJECT_BINARY_DIR}/layers/foundation)
-if(NOT EXISTS ${VORELLE_FOUNDATION_ROOT}/foundation)
-    file(MAKE_DIRECTORY ${VORELLE_FOUNDATION_ROOT})
-    file(CREATE_LINK ${PROJECT_SOURCE_DIR}/foundation ${VORELLE_FOUNDATION_ROOT}/foundation
-        SYMBOLIC)
-endif()
+file(MAKE_DIRECTORY ${VORELLE_FOUNDATION_ROOT})
+file(CREATE_LINK ${PROJECT_SOURCE_DIR}/foundation ${VORELLE_FOUNDATION_ROOT}/foundation SYMBOLIC)
 
 file(GLOB_RECURSE VORELLE_FOUNDATION_SOURCES CONFIGURE_DEPENDS
     ${PROJECT_SOURCE_DIR}/foundation/*.cpp ${PROJECT_SOURCE_DIR}/foundation/*.h)
