@@ -5,15 +5,8 @@ install(TARGETS Vorelle EXPORT VorelleTargets
     ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR}
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-foreach(header IN LISTS VORELLE_HEADERS)
-    file(RELATIVE_PATH rel ${PROJECT_SOURCE_DIR} ${header})
-    if(rel MATCHES "_p\\.h$")
-        continue()  # private headers stay with the sources
-    endif()
-    get_filename_component(dir ${rel} DIRECTORY)
-    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vorelle/${dir})
-endforeach()
-install(FILES ${VORELLE_UMBRELLA} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vorelle)
+# Only the staged public headers (see VorelleHeaders.cmake), as <vorelle/Name.h>.
+install(FILES ${VORELLE_STAGED_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/vorelle)
 
 install(EXPORT VorelleTargets NAMESPACE Vorelle:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/Vorelle)
 configure_package_config_file(cmake/VorelleConfig.cmake.in

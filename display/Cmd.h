@@ -4,7 +4,7 @@
 
 namespace vorelle {
 
-// A drawn command button.
+/// A drawn command button.
 class VORELLE_EXPORT Cmd : public FormControl {
     Q_OBJECT
     Q_CLASSINFO("TypeName", "cmd")
@@ -21,20 +21,31 @@ class VORELLE_EXPORT Cmd : public FormControl {
     Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
+    /// ForeColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).
     static constexpr qint32 kDefaultForeColor = 0;
+    /// BackColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).
     static constexpr qint32 kDefaultBackColor = static_cast<qint32>(0x8000000F);
 
+    /// Creates the control; a form's loader passes the form as parent.
     explicit Cmd(QWidget* parent = nullptr);
 
+    /// The background colour (an OLE colour number).
     using ControlBase::BackColor;
+    /// Whether the control takes input; a disabled entry control passes the focus on.
     using ControlBase::Enabled;
+    /// The font of the control's text.
     using ControlBase::Font;
+    /// The text colour (an OLE colour number).
     using ControlBase::ForeColor;
+    /// Sets BackColor.
     using ControlBase::setBackColor;
+    /// Sets Enabled.
     using ControlBase::setEnabledProperty;
+    /// Sets Font.
     using ControlBase::setFontProperty;
+    /// Sets ForeColor.
     using ControlBase::setForeColor;
-    // Loads the language again, shows its texts and redraws.
+    /// Loads the language again, shows its texts and redraws.
     Q_INVOKABLE void Refresh() { refreshControl(); }
 
 protected:

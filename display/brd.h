@@ -6,9 +6,9 @@ namespace vorelle {
 
 class Shape;
 
-// A see-through 3D frame: two outline rectangles offset by one pixel, the light one
-// (shpWeiss, ForeColor) beneath and the coloured one (shpBlau, BackColor) on top, with
-// nothing painted in between. No events, never takes the focus.
+/// A see-through 3D frame: two outline rectangles offset by one pixel, the light one
+/// (shpWeiss, ForeColor) beneath and the coloured one (shpBlau, BackColor) on top, with
+/// nothing painted in between. No events, never takes the focus.
 class VORELLE_EXPORT brd : public FormControl {
     Q_OBJECT
     Q_CLASSINFO("TypeName", "brd")
@@ -23,18 +23,26 @@ class VORELLE_EXPORT brd : public FormControl {
     Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
-    static constexpr qint32 kDefaultForeColor = 0xFFFFFF;  // white
-    static constexpr qint32 kDefaultBackColor = 0xFFC0C0;  // red C0, green C0, blue FF
+    static constexpr qint32 kDefaultForeColor = 0xFFFFFF;  ///< white
+    static constexpr qint32 kDefaultBackColor = 0xFFC0C0;  ///< red C0, green C0, blue FF
 
+    /// Creates the control; a form's loader passes the form as parent.
     explicit brd(QWidget* parent = nullptr);
 
-    // The line colours live in the shapes themselves.
+    ///@{
+    /// The colour of the light outline shpWeiss; the line colours live in the shapes
+    /// themselves.
     qint32 ForeColor() const;
     void setForeColor(qint32 color);
+    ///@}
+    /// The colour of the coloured outline shpBlau.
     qint32 BackColor() const;
+    /// Sets BackColor.
     void setBackColor(qint32 color);
 
+    /// The light outline (ForeColor), beneath.
     Shape* shpWeiss() const { return shpWeiss_; }
+    /// The coloured outline (BackColor), on top.
     Shape* shpBlau() const { return shpBlau_; }
 
 protected:

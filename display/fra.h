@@ -4,7 +4,7 @@
 
 namespace vorelle {
 
-// A frame that holds other controls, with captions above and below.
+/// A frame that holds other controls, with captions above and below.
 class VORELLE_EXPORT fra : public FormControl {
     Q_OBJECT
     Q_CLASSINFO("TypeName", "fra")
@@ -19,22 +19,33 @@ class VORELLE_EXPORT fra : public FormControl {
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
 
 public:
+    /// ForeColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).
     static constexpr qint32 kDefaultForeColor = 0xFFFFFF;
+    /// BackColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).
     static constexpr qint32 kDefaultBackColor = 0xC00000;
 
+    /// Creates the control; a form's loader passes the form as parent.
     explicit fra(QWidget* parent = nullptr);
 
+    /// The background colour (an OLE colour number).
     using ControlBase::BackColor;
+    /// Whether the control takes input; a disabled entry control passes the focus on.
     using ControlBase::Enabled;
+    /// The font of the control's text.
     using ControlBase::Font;
+    /// The text colour (an OLE colour number).
     using ControlBase::ForeColor;
+    /// Sets BackColor.
     using ControlBase::setBackColor;
+    /// Sets Enabled.
     using ControlBase::setEnabledProperty;
+    /// Sets Font.
     using ControlBase::setFontProperty;
+    /// Sets ForeColor.
     using ControlBase::setForeColor;
-    // Loads the language again, shows its texts and redraws.
+    /// Loads the language again, shows its texts and redraws.
     Q_INVOKABLE void Refresh() { refreshControl(); }
-    // The controls dropped onto the frame are its children.
+    /// The controls dropped onto the frame are its children.
     QWidget* containerArea() const override { return const_cast<fra*>(this); }
 
 protected:

@@ -4,7 +4,7 @@
 
 namespace vorelle {
 
-// A progress bar.
+/// A progress bar.
 class VORELLE_EXPORT prb : public FormControl {
     Q_OBJECT
     Q_CLASSINFO("TypeName", "prb")
@@ -18,10 +18,12 @@ class VORELLE_EXPORT prb : public FormControl {
     Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
+    /// Creates the control; a form's loader passes the form as parent.
     explicit prb(QWidget* parent = nullptr);
 
+    /// The font of the control's text.
     using ControlBase::Font;
-    // Loads the language again, shows its texts and redraws.
+    /// Loads the language again, shows its texts and redraws.
     Q_INVOKABLE void Refresh() { refreshControl(); }
 
 protected:

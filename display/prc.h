@@ -4,7 +4,7 @@
 
 namespace vorelle {
 
-// A progress clock.
+/// A progress clock.
 class VORELLE_EXPORT prc : public FormControl {
     Q_OBJECT
     Q_CLASSINFO("TypeName", "prc")
@@ -17,9 +17,10 @@ class VORELLE_EXPORT prc : public FormControl {
     Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
+    /// Creates the control; a form's loader passes the form as parent.
     explicit prc(QWidget* parent = nullptr);
 
-    // Loads the language again, shows its texts and redraws.
+    /// Loads the language again, shows its texts and redraws.
     Q_INVOKABLE void Refresh() { refreshControl(); }
 
 protected:

@@ -4,7 +4,7 @@
 
 namespace vorelle {
 
-// The manager of a form, placed once on it under the name "FormWizard1".
+/// The manager of a form, placed once on it under the name "FormWizard1".
 class VORELLE_EXPORT FormWizard : public ControlBase {
     Q_OBJECT
     Q_CLASSINFO("TypeName", "FormWizard")
@@ -20,13 +20,17 @@ class VORELLE_EXPORT FormWizard : public ControlBase {
     Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
 
 public:
+    /// ForeColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).
     static constexpr qint32 kDefaultForeColor = 52479;
 
+    /// Creates the control; a form's loader passes the form as parent.
     explicit FormWizard(QWidget* parent = nullptr);
 
+    /// The text colour (an OLE colour number).
     using ControlBase::ForeColor;
+    /// Sets ForeColor.
     using ControlBase::setForeColor;
-    // Loads the language again, shows its texts and redraws.
+    /// Loads the language again, shows its texts and redraws.
     Q_INVOKABLE void Refresh() { refreshControl(); }
 
 protected:

@@ -1,7 +1,7 @@
 #include "foundation/Binaer.h"
 
+#include "foundation/ErrorReport.h"
 #include "foundation/RegStore.h"
-#include "host/platform/ErrorDialog.h"
 
 namespace vorelle {
 
@@ -40,7 +40,7 @@ QString alphabet(int bitWidth) {
 
 QString DecToBin(int Byte) {
     if (Byte < 0 || Byte > 255) {
-        ErrorDialog(QStringLiteral("Binär.DecToBin"),
+        ReportError(QStringLiteral("Binär.DecToBin"),
                     QStringLiteral("Übergebener Wert ist kein Bytewert im Bereich von 0 bis 255"),
                     99999, QString(), QString(), false, 48);
         return {};

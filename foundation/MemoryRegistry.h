@@ -7,8 +7,8 @@
 
 namespace vorelle {
 
-// A registry tree held in memory: the test double of the store, and the backend of a
-// process that must not touch the user's store.
+/// A registry tree held in memory: the test double of the store, and the backend of a
+/// process that must not touch the user's store.
 class VORELLE_EXPORT MemoryRegistry : public RegistryBackend {
 public:
     MemoryRegistry();

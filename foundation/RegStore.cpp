@@ -146,7 +146,7 @@ QString FromAnsi(const QByteArray& bytes) {
     QChar* out = text.data();
     for (const char byte : bytes) {
         const auto b = static_cast<unsigned char>(byte);
-        *out++ = (b >= 0x80 && b <= 0x9F) ? QChar(kHighBlock[b - 0x80]) : QChar(b);
+        *out++ = (b >= 0x80 && b <= 0x9F) ? QChar(kHighBlock[b - 0x80]) : QChar(char16_t{b});
     }
     return text;
 }

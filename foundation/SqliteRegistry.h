@@ -6,29 +6,30 @@
 
 namespace vorelle {
 
-// The registry tree in one SQLite database file per user: the store where the platform has
-// no registry. Key paths and value names compare without regard to case (a folded copy is
-// kept beside the spelling a key or value was made with). Every call, or every group of
-// calls between begin() and end(), is one transaction; the database runs in WAL mode with a
-// busy timeout, so several processes of one user read and write at once and the last writer
-// wins, and a process killed during a write loses nothing that was committed.
-//
-// A damaged or unreadable file never brings the host down: calls fail with REG_BADDB or
-// REG_IO_FAILED, and the first failure of each kind is written to error.log once.
-//
-// One connection is kept open for the life of the object; it serves one thread.
+/// The registry tree in one SQLite database file per user: the store where the platform has
+/// no registry. Key paths and value names compare without regard to case (a folded copy is
+/// kept beside the spelling a key or value was made with). Every call, or every group of
+/// calls between begin() and end(), is one transaction; the database runs in WAL mode with a
+/// busy timeout, so several processes of one user read and write at once and the last writer
+/// wins, and a process killed during a write loses nothing that was committed.
+///
+/// A damaged or unreadable file never brings the host down: calls fail with REG_BADDB or
+/// REG_IO_FAILED, and the first failure of each kind is written to error.log once.
+///
+/// One connection is kept open for the life of the object; it serves one thread.
 class VORELLE_EXPORT SqliteRegistry : public RegistryBackend {
 public:
-    // The user's store: VORELLE_REGISTRY when set, else DefaultFile(); resolved at first use.
+    /// The user's store: VORELLE_REGISTRY when set, else DefaultFile(); resolved at first use.
     SqliteRegistry();
+    /// Creates the control; a form's loader passes the form as parent.
     explicit SqliteRegistry(const QString& file);
     ~SqliteRegistry() override;
     SqliteRegistry(const SqliteRegistry&) = delete;
     SqliteRegistry& operator=(const SqliteRegistry&) = delete;
 
-    // "vorelle/registry.db" below the platform's per-user configuration folder.
+    /// "vorelle/registry.db" below the platform's per-user configuration folder.
     static QString DefaultFile();
-    // The database file, once resolved.
+    /// The database file, once resolved.
     QString file() const;
 
     long openKey(quint32 root, const QString& subKey, RegHandle* key) override;

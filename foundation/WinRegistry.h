@@ -6,8 +6,8 @@
 
 namespace vorelle {
 
-// The Windows registry through advapi32: the store's backend on Windows. Key names go
-// through the process's ANSI code page; value data are handed over as they are (REG_SZ).
+/// The Windows registry through advapi32: the store's backend on Windows. Key names go
+/// through the process's ANSI code page; value data are handed over as they are (REG_SZ).
 class VORELLE_EXPORT WinRegistry : public RegistryBackend {
 public:
     long openKey(quint32 root, const QString& subKey, RegHandle* key) override;

@@ -19,9 +19,6 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-#ifdef _MSC_VER
-#pragma comment(lib, "version.lib")
-#endif
 #endif
 
 namespace vorelle {

@@ -15,30 +15,30 @@ namespace vorelle {
 
 class Form;
 
-// The window commands of a managed form. On each activation the form's window menu gets a
-// separator "sep1", "nextmonitor" (command 12, only with more than one screen) and
-// "posreset" (command 13), in the current language. Here they are actions of the form:
-// a menu can show them, Ctrl+F11 and Ctrl+F12 reach them as shortcuts, and triggering one
-// delivers a WindowCommandEvent to the form, which its window procedure serves.
+/// The window commands of a managed form. On each activation the form's window menu gets a
+/// separator "sep1", "nextmonitor" (command 12, only with more than one screen) and
+/// "posreset" (command 13), in the current language. Here they are actions of the form:
+/// a menu can show them, Ctrl+F11 and Ctrl+F12 reach them as shortcuts, and triggering one
+/// delivers a WindowCommandEvent to the form, which its window procedure serves.
 VORELLE_EXPORT void SystemMenuRebuild(Form* form);
-// Takes the window commands off the form again.
+/// Takes the window commands off the form again.
 VORELLE_EXPORT void SystemMenuClear(Form* form);
-// The window commands the form has now, in menu order.
+/// The window commands the form has now, in menu order.
 VORELLE_EXPORT QList<QAction*> SystemMenuEntries(const QWidget* form);
-// True with two screens or more.
+/// True with two screens or more.
 VORELLE_EXPORT bool HasMultipleMonitors();
 
-// "nextmonitor": the window goes, restored, to the centre of the available area of the
-// next screen (after the last, the first), made smaller where it does not fit.
+/// "nextmonitor": the window goes, restored, to the centre of the available area of the
+/// next screen (after the last, the first), made smaller where it does not fit.
 VORELLE_EXPORT void WindowToNextScreen(QWidget* window);
-// Where a frame of the given size lands in the area: its centre, rounded; the size comes
-// back cut down to the area where needed (Changed then true).
+/// Where a frame of the given size lands in the area: its centre, rounded; the size comes
+/// back cut down to the area where needed (Changed then true).
 VORELLE_EXPORT QPoint CentredPlace(const QRect& area, QSize& frame, bool& Changed);
-// "posreset": reads Left, Top, Width and Height (twips) under the key FormName + "_init"
-// of the program GetModuleAppName(""), restores the window and moves it there; the size
-// stays as it is.
+/// "posreset": reads Left, Top, Width and Height (twips) under the key FormName + "_init"
+/// of the program GetModuleAppName(""), restores the window and moves it there; the size
+/// stays as it is.
 VORELLE_EXPORT void WindowPlaceReset(QWidget* window, const QString& FormName);
-// Writes the window's Left and Top (twips) under the key FormName of the program at once.
+/// Writes the window's Left and Top (twips) under the key FormName of the program at once.
 VORELLE_EXPORT void WindowPlaceSave(QWidget* window, const QString& FormName);
 
 }  // namespace vorelle

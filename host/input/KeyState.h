@@ -10,34 +10,38 @@ class QCoreApplication;
 
 namespace vorelle {
 
-// The asynchronous state of keys and mouse buttons, by virtual key code
-// (1 left button, 2 right, 4 middle, 16 Shift, 17 Ctrl, 18 Alt, ...).
+/// The asynchronous state of keys and mouse buttons, by virtual key code
+/// (1 left button, 2 right, 4 middle, 16 Shift, 17 Ctrl, 18 Alt, ...).
 class VORELLE_EXPORT KeyState {
 public:
     virtual ~KeyState();
+    /// Whether the key of a virtual key code is down now.
     virtual bool isDown(int virtualKey) const = 0;
 
+    /// The implementation in use: the system one unless setInstance() put another in place.
     static KeyState& instance();
+    /// Puts another implementation in place (nullptr restores the system one); returns the previous
+    /// one.
     static KeyState* setInstance(KeyState* state);
 };
 
-// The system's key state: watches every key and mouse button event of the application
-// through an application-wide event filter. Keys go down on press and up on release,
-// Shift, Ctrl and Alt also follow the modifiers of each key and mouse event, and
-// everything is up again when the application loses activation. The system instance
-// installs its filter as soon as the application object exists.
+/// The system's key state: watches every key and mouse button event of the application
+/// through an application-wide event filter. Keys go down on press and up on release,
+/// Shift, Ctrl and Alt also follow the modifiers of each key and mouse event, and
+/// everything is up again when the application loses activation. The system instance
+/// installs its filter as soon as the application object exists.
 class VORELLE_EXPORT SystemKeyState : public QObject, public KeyState {
 public:
     SystemKeyState();
     ~SystemKeyState() override;
 
     bool isDown(int virtualKey) const override;
-    // Installs the filter on the current application object, once per application.
+    /// Installs the filter on the current application object, once per application.
     void attach();
-    // Forgets every key that is down.
+    /// Forgets every key that is down.
     void releaseAll();
 
-    // The instance that instance() gives when no other one is in place.
+    /// The instance that instance() gives when no other one is in place.
     static SystemKeyState& system();
 
 protected:

@@ -26,9 +26,6 @@
 #define NOMINMAX
 #endif
 #include <windows.h>
-#ifdef _MSC_VER
-#pragma comment(lib, "version.lib")
-#endif
 #endif
 
 // Offers a key press to the application's shortcuts (QShortcut, menu accelerators) before

@@ -1,5 +1,6 @@
 #include "host/platform/ErrorDialog.h"
 
+#include "foundation/ErrorReport.h"
 #include "foundation/Language.h"
 #include "foundation/LibraryInfo.h"
 #include "foundation/Logs.h"
@@ -77,6 +78,16 @@ QString screenshotRequest() {
            QLatin1String(kSupportAddress);
 }
 
+int reportThroughTheDialog(const QString& FunctionName, const QString& ErrorText, int ErrorNo,
+                           const QString& DebugInfo, const QString& ExtraText, bool Silent,
+                           int Buttons) {
+    return ErrorDialog(FunctionName, ErrorText, ErrorNo, DebugInfo, ExtraText, Silent, Buttons);
+}
+
+// The foundation's failures reach the user through the dialog from the moment the
+// library is loaded.
+[[maybe_unused]] const bool kInstalled = (SetErrorReportFunction(reportThroughTheDialog), true);
+
 }  // namespace
 
 ErrorDialogKind ErrorDialogKindOf(int Buttons) {
@@ -137,7 +148,7 @@ int ErrorDialog(const QString& FunctionName, QString& ErrorText, int ErrorNo,
 
     int result = 0;
     if (!Silent) {
-        result = MessageBox::instance().show(message, ErrorDialogTitle(), Buttons);
+        result = MessageBoxService::instance().show(message, ErrorDialogTitle(), Buttons);
     }
     if (result == vbCancel || result == vbAbort || (result == vbOK && !(Buttons & 1))) {
         ProcessExit::instance().exit(99);

@@ -9,7 +9,7 @@
 
 namespace vorelle {
 
-MessageBox::~MessageBox() = default;
+MessageBoxService::~MessageBoxService() = default;
 
 namespace {
 
@@ -20,7 +20,7 @@ QPointer<QWidget>& currentOwner() {
 
 }  // namespace
 
-QWidget* MessageBox::owner() {
+QWidget* MessageBoxService::owner() {
     return currentOwner().data();
 }
 
@@ -92,18 +92,18 @@ void SystemMessageBox::beep() {
     QApplication::beep();
 }
 
-VORELLE_DEFINE_SERVICE(MessageBox, SystemMessageBox)
+VORELLE_DEFINE_SERVICE(MessageBoxService, SystemMessageBox)
 
 int MsgBox(const QString& Text, int Style, const QString& Title, QWidget* Owner) {
     // Nested boxes each have their own owner; the outer one's comes back afterwards.
     const QPointer<QWidget> outer = std::exchange(currentOwner(), QPointer<QWidget>(Owner));
-    const int answer = MessageBox::instance().show(Text, Title, Style);
+    const int answer = MessageBoxService::instance().show(Text, Title, Style);
     currentOwner() = outer;
     return answer;
 }
 
 void Beep() {
-    MessageBox::instance().beep();
+    MessageBoxService::instance().beep();
 }
 
 }  // namespace vorelle

@@ -6,9 +6,9 @@
 
 namespace vorelle {
 
-// Puts a text on the left half of the status line of the active form: Status1 of its
-// control "FormWizard1", called by name. An empty English text takes the German one.
-// A form without such a control, or no active form, gets nothing.
+/// Puts a text on the left half of the status line of the active form: Status1 of its
+/// control "FormWizard1", called by name. An empty English text takes the German one.
+/// A form without such a control, or no active form, gets nothing.
 VORELLE_EXPORT void FormStatusText(const QString& TextDe, const QString& TextEn);
 
 }  // namespace vorelle

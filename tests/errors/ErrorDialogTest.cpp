@@ -35,7 +35,7 @@ protected:
     ScopedService<Clock> clockScope{clock};
     ScopedLogFolder logs;
     FakeMessageBox box;
-    ScopedService<MessageBox> boxScope{box};
+    ScopedService<MessageBoxService> boxScope{box};
     FakeProcessExit exits;
     ScopedService<ProcessExit> exitScope{exits};
 };

@@ -28,7 +28,7 @@ TEST_P(DecToBinOutOfRange, ReportsThroughTheErrorDialogAndGivesEmpty) {
     test::ScopedLogFolder logs;
     test::FakeMessageBox box;
     test::FakeProcessExit exits;
-    ScopedService<MessageBox> boxScope(box);
+    ScopedService<MessageBoxService> boxScope(box);
     ScopedService<ProcessExit> exitScope(exits);
 
     EXPECT_EQ(DecToBin(GetParam()), "");

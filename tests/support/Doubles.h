@@ -47,7 +47,7 @@ public:
 };
 
 // Answers boxes from a script (default OK) and records what was shown.
-class FakeMessageBox : public MessageBox {
+class FakeMessageBox : public MessageBoxService {
 public:
     struct Shown {
         QString text;

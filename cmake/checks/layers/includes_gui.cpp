@@ -1,0 +1,2 @@
+// Compiled as part of foundation/, this must fail: foundation uses QtCore only.
+#include <QtGui/QColor>

@@ -1,0 +1,2 @@
+// Compiled as part of foundation/, this must fail: host/ is a layer above foundation.
+#include "host/platform/ErrorDialog.h"
