@@ -4,9 +4,14 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QThread>
+#include <algorithm>
 #include <array>
+#include <cstring>
+#include <functional>
 #include <unordered_map>
 
 #include "foundation/Logs.h"
@@ -15,8 +20,15 @@ namespace vorelle {
 
 namespace {
 
-// How long a call waits for another process's write before it gives up.
-constexpr int kBusyTimeoutMs = 10000;
+// How long one call waits in all for other processes that hold the store busy before it
+// gives up: long enough for any sane concurrent use, short enough not to hang a program on a
+// store that stays locked.
+constexpr int kBusyBoundMs = 10000;
+// The waits between two tries on a busy store, growing; the last one repeats.
+constexpr std::array<int, 12> kBackoffMs = {1, 2, 5, 10, 15, 20, 25, 25, 25, 50, 50, 100};
+// Values read outside a group are kept for the next read while the store is unchanged; a
+// store that changes in between clears them all. Past this number the cache starts over.
+constexpr int kCachedValues = 4096;
 
 constexpr const char* kSchema[] = {
     "CREATE TABLE IF NOT EXISTS reg_keys("
@@ -53,6 +65,7 @@ enum Statement : std::size_t {
     kEnumKey,
     kEnumValues,
     kReadValue,
+    kDataVersion,
     kStatementCount
 };
 
@@ -76,6 +89,7 @@ constexpr std::array<const char*, kStatementCount> kSql = {
     "SELECT name FROM reg_values WHERE key = ?1 ORDER BY folded",
     "SELECT v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
     " WHERE k.root = ?1 AND k.folded = ?2 AND v.folded = ?3",
+    "PRAGMA data_version",
 };
 
 // The parts of a key path; empty parts (doubled or outer "\") are dropped.
@@ -99,6 +113,31 @@ bool isDamage(int rc) {
     return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_CANTOPEN;
 }
 
+// Another connection holds the store: worth another try after a wait.
+bool isBusy(int rc) {
+    const int primary = rc & 0xff;
+    return primary == SQLITE_BUSY || primary == SQLITE_LOCKED;
+}
+
+// The spelling of a value read outside a group, as the caller gave it.
+struct CachedName {
+    quint32 root;
+    QString subKey;
+    QString name;
+    bool operator==(const CachedName& other) const {
+        return root == other.root && subKey == other.subKey && name == other.name;
+    }
+};
+
+size_t qHash(const CachedName& key, size_t seed = 0) {
+    return qHashMulti(seed, key.root, key.subKey, key.name);
+}
+
+struct CachedValue {
+    long status;  // REG_SUCCESS or REG_FILE_NOT_FOUND
+    QByteArray data;
+};
+
 }  // namespace
 
 // The connection, its prepared statements, the open handles and the running transaction.
@@ -119,7 +158,53 @@ public:
 
     int depth_ = 0;
     bool inTransaction_ = false;
+    bool writeGroup_ = false;
     long failure_ = REG_SUCCESS;
+
+    int busyBoundMs_ = kBusyBoundMs;
+    std::function<void(int)> wait_;
+    int waited_ = 0;  // milliseconds waited for a busy store in the running call
+
+    QHash<CachedName, CachedValue> cache_;
+    sqlite3_int64 cacheVersion_ = -1;
+
+    // --- waiting for a busy store -------------------------------------------------------
+
+    // A call of the interface (or the outermost one of a group) begins: its waits start.
+    void startCall() { waited_ = 0; }
+
+    // Waits before try number attempt + 2 on a busy store; false once the running call has
+    // waited its bound.
+    bool waitForBusy(int attempt) {
+        if (waited_ >= busyBoundMs_) {
+            return false;
+        }
+        const int step = kBackoffMs[std::min<std::size_t>(attempt, kBackoffMs.size() - 1)];
+        const int delay = std::min(step, busyBoundMs_ - waited_);
+        if (wait_) {
+            wait_(delay);
+        } else {
+            QThread::msleep(static_cast<unsigned long>(delay));
+        }
+        waited_ += delay;
+        return true;
+    }
+
+    static int onBusy(void* self, int attempt) {
+        return static_cast<Database*>(self)->waitForBusy(attempt) ? 1 : 0;
+    }
+
+    // Runs step until it meets a store that is not busy, or the bound is reached. For the
+    // statements whose busy store SQLite does not wait for itself (a change of journal mode,
+    // a read that turns into a write).
+    template <class Step>
+    int retryWhileBusy(Step step) {
+        int rc = step();
+        for (int attempt = 0; isBusy(rc) && waitForBusy(attempt); ++attempt) {
+            rc = step();
+        }
+        return rc;
+    }
 
     // --- connection ---------------------------------------------------------------------
 
@@ -139,13 +224,14 @@ public:
                                  SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX,
                                  nullptr);
         if (rc == SQLITE_OK) {
-            sqlite3_busy_timeout(db_, kBusyTimeoutMs);
+            // Waiting for a busy store is in force before the first statement that locks.
+            sqlite3_busy_handler(db_, &Database::onBusy, this);
             sqlite3_extended_result_codes(db_, 1);
-            rc = setUp();
+            rc = retryWhileBusy([this] { return setUp(); });
         }
         if (rc != SQLITE_OK) {
-            // A damaged file stays closed; anything else (another process holding the
-            // file while it is made) is tried again on the next call.
+            // A damaged file stays closed; anything else (a store that stayed busy past the
+            // bound) is tried again on the next call.
             fail(rc, "open");
             close();
             return false;
@@ -153,55 +239,18 @@ public:
         return true;
     }
 
-    int setUp() {
-        // Names are handed over as UTF-16: stored so, they need no conversion. (This holds
-        // for a new file only; an existing one keeps its encoding.)
-        sqlite3_exec(db_, "PRAGMA encoding = 'UTF-16le'", nullptr, nullptr, nullptr);
-        // A file that is no database fails here already.
-        int rc = sqlite3_exec(db_, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
-        if (rc == SQLITE_OK) {
-            rc = sqlite3_exec(db_, "PRAGMA synchronous=NORMAL", nullptr, nullptr, nullptr);
-        }
-        if (rc != SQLITE_OK) {
-            return rc;
-        }
-        int version = 0;
-        rc = userVersion(&version);
-        if (rc != SQLITE_OK) {
-            return rc;
-        }
-        if (version < 1) {
-            rc = sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-            for (const char* sql : kSchema) {
-                if (rc == SQLITE_OK) {
-                    rc = sqlite3_exec(db_, sql, nullptr, nullptr, nullptr);
-                }
-            }
-            if (rc == SQLITE_OK) {
-                rc = sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
-            }
-            if (rc != SQLITE_OK) {
-                sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-                return rc;
-            }
-        }
-        for (std::size_t i = 0; i < kStatementCount; ++i) {
-            rc = sqlite3_prepare_v3(db_, kSql[i], -1, SQLITE_PREPARE_PERSISTENT, &statements_[i],
-                                    nullptr);
-            if (rc != SQLITE_OK) {
-                return rc;
-            }
-        }
-        return SQLITE_OK;
-    }
-
-    int userVersion(int* version) {
+    // Runs one statement that yields at most one row; its first column goes to text.
+    int single(const char* sql, QByteArray* text = nullptr) {
         sqlite3_stmt* stmt = nullptr;
-        int rc = sqlite3_prepare_v2(db_, "PRAGMA user_version", -1, &stmt, nullptr);
+        int rc = sqlite3_prepare_v2(db_, sql, -1, &stmt, nullptr);
         if (rc == SQLITE_OK) {
             rc = sqlite3_step(stmt);
             if (rc == SQLITE_ROW) {
-                *version = sqlite3_column_int(stmt, 0);
+                if (text) {
+                    *text = QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+                }
+                rc = SQLITE_OK;
+            } else if (rc == SQLITE_DONE) {
                 rc = SQLITE_OK;
             }
         }
@@ -209,16 +258,86 @@ public:
         return rc;
     }
 
-    void close() {
+    // Makes the connection usable; every step may be repeated after a busy store. Nothing is
+    // written to the file before it has been read as a store.
+    int setUp() {
+        finalizeStatements();
+        // Names are handed over as UTF-16: stored so, they need no conversion. (This holds
+        // for a new file only; an existing one keeps its encoding.)
+        sqlite3_exec(db_, "PRAGMA encoding = 'UTF-16le'", nullptr, nullptr, nullptr);
+        // A file that is no database, or a damaged one, fails here already: its header and
+        // its schema are read.
+        int rc = single("SELECT count(*) FROM sqlite_master");
+        QByteArray mode;
+        if (rc == SQLITE_OK) {
+            rc = single("PRAGMA journal_mode", &mode);
+        }
+        if (rc == SQLITE_OK && mode != "wal") {
+            // The one step of the set-up that SQLite does not wait for: two processes that
+            // switch a new file at once may find each other's lock.
+            rc = single("PRAGMA journal_mode=WAL", &mode);
+            if (rc == SQLITE_OK && mode != "wal") {
+                rc = SQLITE_READONLY;
+            }
+        }
+        if (rc == SQLITE_OK) {
+            rc = single("PRAGMA synchronous=NORMAL");
+        }
+        QByteArray version;
+        if (rc == SQLITE_OK) {
+            rc = single("PRAGMA user_version", &version);
+        }
+        if (rc == SQLITE_OK && version.toInt() < 1) {
+            rc = createSchema();
+        }
+        for (std::size_t i = 0; i < kStatementCount && rc == SQLITE_OK; ++i) {
+            rc = sqlite3_prepare_v3(db_, kSql[i], -1, SQLITE_PREPARE_PERSISTENT, &statements_[i],
+                                    nullptr);
+        }
+        return rc;
+    }
+
+    // Creates the tables, unless another process has done so meanwhile.
+    int createSchema() {
+        int rc = sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+        if (rc != SQLITE_OK) {
+            return rc;
+        }
+        QByteArray version;
+        rc = single("PRAGMA user_version", &version);
+        if (rc == SQLITE_OK && version.toInt() < 1) {
+            for (const char* sql : kSchema) {
+                if (rc == SQLITE_OK) {
+                    rc = sqlite3_exec(db_, sql, nullptr, nullptr, nullptr);
+                }
+            }
+        }
+        if (rc == SQLITE_OK) {
+            rc = retryWhileBusy(
+                [this] { return sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr); });
+        }
+        if (rc != SQLITE_OK) {
+            sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        }
+        return rc;
+    }
+
+    void finalizeStatements() {
         for (sqlite3_stmt*& stmt : statements_) {
             sqlite3_finalize(stmt);
             stmt = nullptr;
         }
+    }
+
+    void close() {
+        finalizeStatements();
         if (db_) {
             sqlite3_close_v2(db_);
             db_ = nullptr;
         }
         inTransaction_ = false;
+        cache_.clear();
+        cacheVersion_ = -1;
     }
 
     // The status a call reports when its group could not be opened.
@@ -235,12 +354,23 @@ public:
         bool& reported = damage ? reportedDamage_ : reportedFailure_;
         if (!reported) {
             reported = true;
-            const QString message =
+            QString reason = db_ ? QString::fromUtf8(sqlite3_errmsg(db_))
+                                 : QString::fromUtf8(sqlite3_errstr(rc));
+            const int system = db_ ? sqlite3_system_errno(db_) : 0;
+            if (system != 0 && (rc & 0xff) == SQLITE_CANTOPEN) {
+                reason += QStringLiteral(", ") + QString::fromLocal8Bit(std::strerror(system));
+            }
+            QString message =
                 QStringLiteral("registry store %1: %2 failed: %3 (%4)")
-                    .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what),
-                         db_ ? QString::fromUtf8(sqlite3_errmsg(db_))
-                             : QString::fromUtf8(sqlite3_errstr(rc)))
+                    .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what), reason)
                     .arg(rc);
+            if (damage) {
+                message += QStringLiteral(
+                    "; the file is damaged or no store, so values read as "
+                    "their defaults and nothing is written to it");
+            } else if (isBusy(rc)) {
+                message += QStringLiteral("; the store stayed busy for %1 ms").arg(waited_);
+            }
             const int number = ErrNumber();
             const QString description = ErrDescription();
             ErrRaise(static_cast<int>(status), QStringLiteral("The registry store failed"));
@@ -271,10 +401,13 @@ public:
             return *this;
         }
         Use& bind(int index, const QString& text) {
+            // The text outlives the use, whose end clears the bindings: no copy is needed.
             sqlite3_bind_text16(stmt_, index, text.utf16(),
-                                static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
+                                static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_STATIC);
             return *this;
         }
+        // A temporary text would be gone before the step.
+        Use& bind(int index, QString&& text) = delete;
         Use& bind(int index, const QByteArray& data) {
             if (data.isEmpty()) {
                 sqlite3_bind_zeroblob(stmt_, index, 0);
@@ -285,6 +418,11 @@ public:
             return *this;
         }
         int step() { return sqlite3_step(stmt_); }
+        // Steps once more after a busy store.
+        int restep() {
+            sqlite3_reset(stmt_);
+            return sqlite3_step(stmt_);
+        }
         sqlite3_int64 integer(int column) const { return sqlite3_column_int64(stmt_, column); }
         QString text(int column) const {
             const auto* chars = static_cast<const char16_t*>(sqlite3_column_text16(stmt_, column));
@@ -317,12 +455,19 @@ public:
             return;
         }
         failure_ = REG_SUCCESS;
+        writeGroup_ = write;
+        startCall();
         if (!ready()) {
             failure_ = broken_ ? REG_BADDB : REG_IO_FAILED;
             return;
         }
+        // A write group takes the write lock at once, waiting for other writers.
         Use use(*this, write ? kBeginWrite : kBegin);
-        inTransaction_ = run(use, write ? "begin write" : "begin");
+        const int rc = retryWhileBusy([&use] { return use.restep(); });
+        inTransaction_ = rc == SQLITE_DONE;
+        if (!inTransaction_) {
+            fail(rc, write ? "begin write" : "begin");
+        }
     }
 
     long end() {
@@ -334,22 +479,45 @@ public:
         }
         if (inTransaction_ && db_) {
             inTransaction_ = false;
+            bool committed = false;
             if (failure_ == REG_SUCCESS) {
                 Use commit(*this, kCommit);
-                if (!run(commit, "commit")) {
-                    Use rollback(*this, kRollback);
-                    rollback.step();
+                const int rc = retryWhileBusy([&commit] { return commit.restep(); });
+                committed = rc == SQLITE_DONE;
+                if (!committed) {
+                    fail(rc, "commit");
                 }
-            } else {
+            }
+            if (!committed) {
                 Use rollback(*this, kRollback);
                 rollback.step();
             }
         }
         inTransaction_ = false;
+        if (writeGroup_) {
+            // This connection's own writes leave the data version as it is.
+            cache_.clear();
+        }
         if (broken_) {
             close();
         }
         return failure_;
+    }
+
+    // The values read before are still those of the store: nobody has written since.
+    bool cacheCurrent() {
+        Use use(*this, kDataVersion);
+        const int rc = use.step();
+        if (rc != SQLITE_ROW) {
+            cache_.clear();
+            return false;
+        }
+        const sqlite3_int64 version = use.integer(0);
+        if (version != cacheVersion_) {
+            cache_.clear();
+            cacheVersion_ = version;
+        }
+        return true;
     }
 
     // --- keys ---------------------------------------------------------------------------
@@ -416,6 +584,11 @@ QString SqliteRegistry::DefaultFile() {
 
 QString SqliteRegistry::file() const {
     return db_->file_;
+}
+
+void SqliteRegistry::setBusyWait(int boundMs, std::function<void(int)> wait) {
+    db_->busyBoundMs_ = std::max(0, boundMs);
+    db_->wait_ = std::move(wait);
 }
 
 long SqliteRegistry::openKey(quint32 root, const QString& subKey, RegHandle* key) {
@@ -486,8 +659,9 @@ long SqliteRegistry::queryValue(RegHandle key, const QString& name, QByteArray* 
     if (!group.usable()) {
         return db_->groupFailure();
     }
+    const QString foldedName = folded(name);
     Database::Use use(*db_, kQueryValue);
-    use.bind(1, id).bind(2, folded(name));
+    use.bind(1, id).bind(2, foldedName);
     const int rc = use.step();
     if (rc == SQLITE_ROW) {
         *data = use.blob(0);
@@ -508,8 +682,9 @@ long SqliteRegistry::setValue(RegHandle key, const QString& name, const QByteArr
     if (!group.usable()) {
         return db_->groupFailure();
     }
+    const QString foldedName = folded(name);
     Database::Use use(*db_, kUpsertValue);
-    use.bind(1, id).bind(2, folded(name)).bind(3, name).bind(4, data);
+    use.bind(1, id).bind(2, foldedName).bind(3, name).bind(4, data);
     if (!db_->run(use, "write value")) {
         return db_->failure_;
     }
@@ -525,8 +700,9 @@ long SqliteRegistry::deleteValue(RegHandle key, const QString& name) {
     if (!group.usable()) {
         return db_->groupFailure();
     }
+    const QString foldedName = folded(name);
     Database::Use use(*db_, kDeleteValue);
-    use.bind(1, id).bind(2, folded(name));
+    use.bind(1, id).bind(2, foldedName);
     if (!db_->run(use, "delete value")) {
         return db_->failure_;
     }
@@ -618,22 +794,36 @@ long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {
 
 long SqliteRegistry::readValue(quint32 root, const QString& subKey, const QString& name,
                                QByteArray* data) {
-    // One statement, in its own read transaction unless a group is running.
+    // One statement, in its own read transaction unless a group is running. Outside a group
+    // a value read before is given again while the store's data version says that nobody
+    // has written since, this connection included.
     Database& d = *db_;
-    if (d.depth_ == 0) {
+    const bool alone = d.depth_ == 0;
+    if (alone) {
         d.failure_ = REG_SUCCESS;
+        d.startCall();
         if (!d.ready()) {
             return d.broken_ ? REG_BADDB : REG_IO_FAILED;
         }
     } else if (!d.db_ || d.broken_ || !d.inTransaction_) {
         return d.failure_ != REG_SUCCESS ? d.failure_ : REG_IO_FAILED;
     }
+    const bool cached = alone && d.cacheCurrent();
+    if (cached) {
+        const auto it = d.cache_.constFind(CachedName{root, subKey, name});
+        if (it != d.cache_.constEnd()) {
+            if (it->status == REG_SUCCESS) {
+                *data = it->data;
+            }
+            return it->status;
+        }
+    }
     long status = REG_SUCCESS;
     {
+        const QString path = foldedPath(subKey);
+        const QString value = folded(name);
         Database::Use use(d, kReadValue);
-        use.bind(1, static_cast<sqlite3_int64>(root))
-            .bind(2, foldedPath(subKey))
-            .bind(3, folded(name));
+        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, path).bind(3, value);
         const int rc = use.step();
         if (rc == SQLITE_ROW) {
             *data = use.blob(0);
@@ -643,7 +833,14 @@ long SqliteRegistry::readValue(quint32 root, const QString& subKey, const QStrin
             status = d.fail(rc, "read value");
         }
     }
-    if (d.depth_ == 0 && d.broken_) {
+    if (cached && (status == REG_SUCCESS || status == REG_FILE_NOT_FOUND)) {
+        if (d.cache_.size() >= kCachedValues) {
+            d.cache_.clear();
+        }
+        d.cache_.insert(CachedName{root, subKey, name},
+                        CachedValue{status, status == REG_SUCCESS ? *data : QByteArray()});
+    }
+    if (alone && d.broken_) {
         d.close();
     }
     return status;

@@ -1,11 +1,8 @@
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
-#include <cstdio>
 
 #include "foundation/LibraryFolder.h"
 #include "foundation/RegStore.h"
@@ -184,113 +181,6 @@ INSTANTIATE_TEST_SUITE_P(
                        f.write(QByteArray(100, '\xFF'));
                    }}),
     [](const auto& info) { return std::string(info.param.name); });
-
-// --- several processes ----------------------------------------------------------------
-//
-// The test program starts copies of itself that run only the Writer test below; its
-// environment names the store file, the writer's name and how many values it writes.
-
-constexpr char kChildFile[] = "VORELLE_STORE_CHILD_FILE";
-constexpr char kChildName[] = "VORELLE_STORE_CHILD_NAME";
-constexpr char kChildCount[] = "VORELLE_STORE_CHILD_COUNT";
-
-QString sharedValue(const QString& writer, int i) {
-    return writer + u':' + QString::number(i) + u':' + QString(64, QChar(u'a' + i % 26));
-}
-
-TEST(StoreChild, Writer) {
-    const QString file = qEnvironmentVariable(kChildFile);
-    if (file.isEmpty()) {
-        GTEST_SKIP() << "runs only as a child of the store tests";
-    }
-    const QString name = qEnvironmentVariable(kChildName);
-    const int count = qEnvironmentVariableIntValue(kChildCount);
-    SqliteRegistry store(file);
-    ScopedService<RegistryBackend> scope(store);
-    for (int i = 0; i < count; ++i) {
-        // The same names for every writer, and names of its own.
-        RegSet(kProgram, kShared, QStringLiteral("k%1").arg(i % 50), sharedValue(name, i));
-        RegSet(kProgram, name, QStringLiteral("own%1").arg(i), sharedValue(name, i));
-        std::printf("done %d\n", i);
-        std::fflush(stdout);
-    }
-}
-
-class ChildWriters : public SqliteStore {
-protected:
-    std::unique_ptr<QProcess> start(const QString& name, int count) {
-        auto child = std::make_unique<QProcess>();
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QString::fromLatin1(kChildFile), file());
-        env.insert(QString::fromLatin1(kChildName), name);
-        env.insert(QString::fromLatin1(kChildCount), QString::number(count));
-        child->setProcessEnvironment(env);
-        child->setProcessChannelMode(QProcess::SeparateChannels);
-        child->start(QCoreApplication::applicationFilePath(),
-                     {QStringLiteral("--gtest_filter=StoreChild.Writer")});
-        EXPECT_TRUE(child->waitForStarted(30000));
-        return child;
-    }
-};
-
-TEST_F(ChildWriters, TwoProcessesWriteTheSameKeysAtOnce) {
-    constexpr int kCount = 300;
-    const int errorsBefore = storeErrorLines();
-    auto a = start(QStringLiteral("A"), kCount);
-    auto b = start(QStringLiteral("B"), kCount);
-    for (QProcess* child : {a.get(), b.get()}) {
-        ASSERT_TRUE(child->waitForFinished(120000));
-        EXPECT_EQ(child->exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(child->exitCode(), 0) << child->readAllStandardError().toStdString();
-    }
-    SqliteRegistry store(file());
-    ScopedService<RegistryBackend> scope(store);
-    for (int i = 0; i < kCount; ++i) {
-        EXPECT_EQ(get(QStringLiteral("A"), QStringLiteral("own%1").arg(i)), sharedValue("A", i));
-        EXPECT_EQ(get(QStringLiteral("B"), QStringLiteral("own%1").arg(i)), sharedValue("B", i));
-    }
-    // Each shared name holds the last value one of the writers gave it, whole.
-    for (int k = 0; k < 50; ++k) {
-        const QString value = get(kShared, QStringLiteral("k%1").arg(k));
-        const int last = kCount - 50 + k;
-        EXPECT_TRUE(value == sharedValue("A", last) || value == sharedValue("B", last))
-            << value.toStdString();
-    }
-    EXPECT_EQ(storeErrorLines(), errorsBefore);
-}
-
-TEST_F(ChildWriters, AWriterKilledMidStreamLosesNothingItFinished) {
-    const int errorsBefore = storeErrorLines();
-    auto child = start(QStringLiteral("K"), 1000000);
-    int finished = -1;
-    QByteArray pending;
-    while (finished < 150) {
-        ASSERT_TRUE(child->waitForReadyRead(60000)) << "the writer stopped early";
-        pending += child->readAllStandardOutput();
-        qsizetype end = 0;
-        while ((end = pending.indexOf('\n')) >= 0) {
-            const QByteArray line = pending.left(end);
-            pending.remove(0, end + 1);
-            if (line.startsWith("done ")) {
-                finished = line.mid(5).toInt();
-            }
-        }
-    }
-    child->kill();  // SIGKILL, in the middle of the stream
-    ASSERT_TRUE(child->waitForFinished(30000));
-    EXPECT_EQ(child->exitStatus(), QProcess::CrashExit);
-
-    SqliteRegistry store(file());
-    ScopedService<RegistryBackend> scope(store);
-    for (int i = 0; i <= finished; ++i) {
-        ASSERT_EQ(get(QStringLiteral("K"), QStringLiteral("own%1").arg(i)), sharedValue("K", i))
-            << "value " << i << " of " << finished;
-    }
-    // The store takes new writes after the crash.
-    RegSet(kProgram, kShared, QStringLiteral("after"), QStringLiteral("crash"));
-    EXPECT_EQ(get(kShared, QStringLiteral("after")), QStringLiteral("crash"));
-    EXPECT_EQ(storeErrorLines(), errorsBefore);
-}
 
 }  // namespace
 }  // namespace vorelle::test
