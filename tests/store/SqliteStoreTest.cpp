@@ -1,8 +1,17 @@
 #include <gtest/gtest.h>
+#include <linux/capability.h>
+#include <sqlite3.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
+#include <random>
+
+#include "support/QtPrinters.h"
 
 #include "foundation/LibraryFolder.h"
 #include "foundation/RegStore.h"
@@ -14,6 +23,7 @@ namespace {
 
 const QString kProgram = QStringLiteral("Prog");
 const QString kShared = QStringLiteral("Shared");
+const QString kNewKey = QStringLiteral("NewKey");
 
 QString get(const QString& key, const QString& name,
             const QString& fallback = QStringLiteral("<none>")) {
@@ -122,6 +132,154 @@ TEST_F(SqliteStore, KeysWithSubKeysAndRootsAreNotDeletedDirectly) {
     EXPECT_EQ(store.deleteKey(HKEY_CURRENT_USER, QString()), REG_ACCESS_DENIED);
     EXPECT_EQ(store.openKey(HKEY_CURRENT_USER, QStringLiteral("p\\c"), &key), REG_SUCCESS);
     store.closeKey(key);
+}
+
+TEST_F(SqliteStore, AValueReadBeforeIsReadAfreshOnceAnotherConnectionWrote) {
+    SqliteRegistry reader(file());
+    SqliteRegistry writer(file());
+    {
+        ScopedService<RegistryBackend> scope(writer);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("1"));
+    }
+    ScopedService<RegistryBackend> scope(reader);
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("1"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("<none>"));
+    {
+        ScopedService<RegistryBackend> other(writer);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("2"));
+        RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("made"));
+    }
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("2"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("made"));
+    {
+        ScopedService<RegistryBackend> other(writer);
+        EXPECT_EQ(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("Software\\Haldrake\\Prog")),
+                  REG_SUCCESS);
+    }
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("<none>"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("<none>"));
+    // The connection's own writes count as well.
+    RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("again"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("again"));
+    RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("and again"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("and again"));
+}
+
+TEST_F(SqliteStore, AGroupReadsItsOwnWritesBeforeTheyAreCommitted) {
+    SqliteRegistry store(file());
+    ScopedService<RegistryBackend> scope(store);
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("before"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("before"));
+    store.begin(true);
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("inside"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("inside"));
+    store.cancel();
+    EXPECT_EQ(store.end(), REG_CANCELLED);
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("before"));
+}
+
+// --- a store that another connection holds busy ----------------------------------------
+
+// Another program has just made the file and holds it while it is opened here: with a
+// write lock taken (SQLite's own wait covers it) or reserved (the switch to WAL meets it
+// without SQLite's wait).
+class OpeningABusyFile : public SqliteStore, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(OpeningABusyFile, WaitsUntilItIsFreeAndLosesNoWrite) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(file()).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, GetParam(), nullptr, nullptr, nullptr), SQLITE_OK);
+    const int errorsBefore = storeErrorLines();
+    SqliteRegistry store(file());
+    QList<int> waits;
+    store.setBusyWait(10000, [&](int ms) {
+        waits << ms;
+        if (waits.size() == 4) {
+            sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr);
+        }
+    });
+    ScopedService<RegistryBackend> scope(store);
+    RegSet(kProgram, kShared, QStringLiteral("first"), QStringLiteral("kept"));
+    sqlite3_close(other);
+    EXPECT_EQ(waits.size(), 4);
+    EXPECT_EQ(get(kShared, QStringLiteral("first")), QStringLiteral("kept"));
+    EXPECT_EQ(storeErrorLines(), errorsBefore) << errorLog().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Locks, OpeningABusyFile,
+                         ::testing::Values("BEGIN EXCLUSIVE", "BEGIN IMMEDIATE"),
+                         [](const auto& info) {
+                             return std::string(info.index == 0 ? "Exclusive" : "Reserved");
+                         });
+
+TEST_F(SqliteStore, AWriteWaitsForAnotherWriterAndTheLastWriterWins) {
+    SqliteRegistry holder(file());
+    SqliteRegistry store(file());
+    {
+        ScopedService<RegistryBackend> scope(store);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("old"));
+    }
+    const int errorsBefore = storeErrorLines();
+    holder.begin(true);
+    RegHandle key = 0;
+    ASSERT_EQ(holder.createKey(HKEY_CURRENT_USER,
+                               QStringLiteral("Software\\Haldrake\\Prog\\Shared"), &key),
+              REG_SUCCESS);
+    ASSERT_EQ(holder.setValue(key, QStringLiteral("v"), "holder"), REG_SUCCESS);
+    ASSERT_EQ(holder.setValue(key, QStringLiteral("w"), "holder"), REG_SUCCESS);
+    holder.closeKey(key);
+
+    QList<int> waits;
+    store.setBusyWait(10000, [&](int ms) {
+        waits << ms;
+        if (waits.size() == 3) {
+            EXPECT_EQ(holder.end(), REG_SUCCESS);
+        }
+    });
+    ScopedService<RegistryBackend> scope(store);
+    // A read does not wait for a writer: it sees the last committed state.
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("old"));
+    EXPECT_TRUE(waits.isEmpty());
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("store"));
+    EXPECT_EQ(waits.size(), 3);
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("store"));
+    EXPECT_EQ(get(kShared, QStringLiteral("w")), QStringLiteral("holder"));
+    EXPECT_EQ(storeErrorLines(), errorsBefore) << errorLog().toStdString();
+}
+
+TEST_F(SqliteStore, AStoreBusyPastTheBoundFailsTheWriteWholeAndSaysSoOnce) {
+    SqliteRegistry holder(file());
+    SqliteRegistry store(file());
+    {
+        ScopedService<RegistryBackend> scope(store);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("old"));
+    }
+    const int errorsBefore = storeErrorLines();
+    holder.begin(true);
+    QList<int> waits;
+    store.setBusyWait(250, [&](int ms) { waits << ms; });
+    {
+        ScopedService<RegistryBackend> scope(store);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("lost"));
+        int total = 0;
+        for (int w : waits) {
+            total += w;
+        }
+        EXPECT_EQ(total, 250) << "waits up to the bound and no longer";
+        EXPECT_GT(waits.size(), 5) << "in growing steps";
+        RegSet(kProgram, kNewKey, QStringLiteral("v"), QStringLiteral("lost"));
+        EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("old"));
+    }
+    EXPECT_EQ(storeErrorLines(), errorsBefore + 1);
+    EXPECT_TRUE(errorLog().contains(QStringLiteral("stayed busy for 250 ms")))
+        << errorLog().toStdString();
+    EXPECT_EQ(holder.end(), REG_SUCCESS);
+
+    // The connection is not given up: once the store is free, writes take effect again.
+    ScopedService<RegistryBackend> scope(store);
+    EXPECT_EQ(get(kNewKey, QStringLiteral("v")), QStringLiteral("<none>"));
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("new"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("new"));
 }
 
 // --- damaged and unreadable files -----------------------------------------------------
