@@ -364,10 +364,14 @@ public:
                 QStringLiteral("registry store %1: %2 failed: %3 (%4)")
                     .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what), reason)
                     .arg(rc);
-            if (damage) {
+            if ((rc & 0xff) == SQLITE_CANTOPEN) {
                 message += QStringLiteral(
-                    "; the file is damaged or no store, so values read as "
-                    "their defaults and nothing is written to it");
+                    "; the file cannot be opened, so values read as their defaults and nothing "
+                    "is written to it");
+            } else if (damage) {
+                message += QStringLiteral(
+                    "; the file is damaged or no store, so values read as their defaults and "
+                    "nothing is written to it");
             } else if (isBusy(rc)) {
                 message += QStringLiteral("; the store stayed busy for %1 ms").arg(waited_);
             }

@@ -5,8 +5,10 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <random>
@@ -287,27 +289,100 @@ TEST_F(SqliteStore, AStoreBusyPastTheBoundFailsTheWriteWholeAndSaysSoOnce) {
 struct DamageCase {
     const char* name;
     std::function<void(const QString& file)> damage;
+    bool deniesAccess = false;  // the file may not be opened by this user
 };
+
+// What there is at the place of the store: the bytes of a file, the entries of a folder, or
+// for a file that may not be read its size, time and permissions.
+QByteArray stateOf(const QString& file) {
+    const QFileInfo info(file);
+    if (info.isDir()) {
+        return "folder: " +
+               QDir(file).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(u' ').toUtf8();
+    }
+    QFile f(file);
+    if (!f.open(QIODevice::ReadOnly)) {
+        return "closed file: " + QByteArray::number(info.size()) + ' ' +
+               QByteArray::number(info.lastModified().toMSecsSinceEpoch()) + ' ' +
+               QByteArray::number(static_cast<int>(info.permissions()));
+    }
+    return f.readAll();
+}
+
+// A store made and closed, with enough values to fill several pages.
+void makeStore(const QString& file) {
+    SqliteRegistry store(file);
+    ScopedService<RegistryBackend> scope(store);
+    for (int i = 0; i < 200; ++i) {
+        RegSet(kProgram, kShared + QString::number(i % 10), QStringLiteral("v%1").arg(i),
+               QString(100, QChar(u'a' + i % 26)));
+    }
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("x"));
+}
+
+// Takes the rights to pass over file permissions from this thread, which runs the test: the
+// way a test running as root meets a file it may not open.
+bool dropFileRights() {
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct data[2]{};
+    if (syscall(SYS_capget, &header, data) != 0) {
+        return false;
+    }
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) {
+        data[0].effective &= ~(1u << right);
+        data[0].permitted &= ~(1u << right);
+    }
+    return syscall(SYS_capset, &header, data) == 0;
+}
+
+constexpr char kWithoutFileRights[] = "VORELLE_STORE_TEST_WITHOUT_FILE_RIGHTS";
 
 class DamagedStore : public SqliteStore, public ::testing::WithParamInterface<DamageCase> {};
 
-TEST_P(DamagedStore, ReadsGiveTheDefaultWritesFailSilentlyReportedOnce) {
+TEST_P(DamagedStore, ReadsGiveTheDefaultWritesLeaveTheFileAsItWasReportedOnce) {
+    if (GetParam().deniesAccess && geteuid() == 0) {
+        if (!qEnvironmentVariableIsSet(kWithoutFileRights)) {
+            // Root passes over file permissions: the case runs in a copy of this program
+            // that gives up that right first.
+            const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+            QProcess child;
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.insert(QString::fromLatin1(kWithoutFileRights), QStringLiteral("1"));
+            child.setProcessEnvironment(env);
+            child.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--gtest_filter=%1.%2")
+                             .arg(QString::fromLatin1(test->test_suite_name()),
+                                  QString::fromLatin1(test->name()))});
+            ASSERT_TRUE(child.waitForFinished(60000));
+            const QByteArray out = child.readAllStandardOutput();
+            EXPECT_EQ(child.exitCode(), 0) << out.toStdString();
+            EXPECT_TRUE(out.contains("[  PASSED  ] 1 test")) << out.toStdString();
+            return;
+        }
+        ASSERT_TRUE(dropFileRights()) << "the right to pass over file permissions stays";
+    }
     GetParam().damage(file());
-    const int before = storeErrorLines();
+    const QByteArray before = stateOf(file());
+    const int errorsBefore = storeErrorLines();
     {
         SqliteRegistry store(file());
         ScopedService<RegistryBackend> scope(store);
         for (int i = 0; i < 3; ++i) {
             EXPECT_EQ(get(kShared, QStringLiteral("v"), QStringLiteral("dflt")),
                       QStringLiteral("dflt"));
-            RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("x"));
+            RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("new"));
+            RegSet(kProgram, kNewKey, QStringLiteral("v"), QStringLiteral("new"));
             RegSetApp(kShared, QStringLiteral("v"), QString());
             EXPECT_NE(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("Software")), REG_SUCCESS);
         }
         EXPECT_EQ(get(kShared, QStringLiteral("v"), QStringLiteral("dflt")),
                   QStringLiteral("dflt"));
+        EXPECT_EQ(get(kNewKey, QStringLiteral("v"), QStringLiteral("dflt")),
+                  QStringLiteral("dflt"));
     }
-    EXPECT_EQ(storeErrorLines(), before + 1) << errorLog().toStdString();
+    EXPECT_TRUE(stateOf(file()) == before) << "the file was changed";
+    EXPECT_EQ(storeErrorLines(), errorsBefore + 1) << errorLog().toStdString();
+    EXPECT_TRUE(errorLog().contains(QDir::toNativeSeparators(file()))) << "names the file";
 }
 
 void writeBytes(const QString& file, const QByteArray& bytes) {
@@ -316,28 +391,63 @@ void writeBytes(const QString& file, const QByteArray& bytes) {
     f.write(bytes);
 }
 
+// Keeps the first bytes of a file.
+void cutTo(const QString& file, qint64 size) {
+    QFile f(file);
+    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+    ASSERT_GT(f.size(), size);
+    ASSERT_TRUE(f.resize(size));
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Files, DamagedStore,
-    ::testing::Values(
-        DamageCase{"NotADatabase",
-                   [](const QString& file) {
-                       writeBytes(file, QByteArray(8192, 'Z') + "this is no database");
-                   }},
-        DamageCase{"AFolderInItsPlace", [](const QString& file) { QDir().mkpath(file); }},
-        DamageCase{"TruncatedHeader",
-                   [](const QString& file) {
-                       {
-                           SqliteRegistry store(file);
-                           ScopedService<RegistryBackend> scope(store);
-                           RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("x"));
-                       }
-                       QFile::remove(file + QStringLiteral("-wal"));
-                       QFile::remove(file + QStringLiteral("-shm"));
-                       QFile f(file);
-                       ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-                       f.seek(0);
-                       f.write(QByteArray(100, '\xFF'));
-                   }}),
+    ::testing::Values(DamageCase{"NotADatabase",
+                                 [](const QString& file) {
+                                     writeBytes(file,
+                                                QByteArray(8192, 'Z') + "this is no database");
+                                 }},
+                      DamageCase{"RandomBytes",
+                                 [](const QString& file) {
+                                     std::mt19937 random(7);
+                                     QByteArray bytes(16384, '\0');
+                                     for (char& b : bytes) {
+                                         b = static_cast<char>(random());
+                                     }
+                                     writeBytes(file, bytes);
+                                 }},
+                      DamageCase{"AFolderInItsPlace",
+                                 [](const QString& file) { QDir().mkpath(file); }},
+                      DamageCase{"HeaderOverwritten",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     QFile f(file);
+                                     ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+                                     f.write(QByteArray(100, '\xFF'));
+                                 }},
+                      DamageCase{"TruncatedToHalf",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     cutTo(file, QFileInfo(file).size() / 2);
+                                 }},
+                      DamageCase{"TruncatedInTheHeader",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     cutTo(file, 60);
+                                 }},
+                      DamageCase{"TablesOverwritten",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     QFile f(file);
+                                     ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+                                     f.seek(100);  // the header stays, the table of tables goes
+                                     f.write(QByteArray(3996, '\x5A'));
+                                 }},
+                      DamageCase{"NoPermission",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions()));
+                                 },
+                                 true}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
