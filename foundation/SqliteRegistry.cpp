@@ -85,7 +85,7 @@ constexpr std::array<const char*, kStatementCount> kSql = {
     " SELECT ?1, ?2, ?3, ?4 WHERE EXISTS(SELECT 1 FROM reg_keys WHERE id = ?1)"
     " ON CONFLICT(key, folded) DO UPDATE SET data = excluded.data",
     "DELETE FROM reg_values WHERE key = ?1 AND folded = ?2",
-    "SELECT name FROM reg_keys WHERE parent = ?1 ORDER BY id LIMIT 1 OFFSET ?2",
+    "SELECT name FROM reg_keys WHERE parent = ?1 ORDER BY id",
     "SELECT name FROM reg_values WHERE key = ?1 ORDER BY folded",
     "SELECT v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
     " WHERE k.root = ?1 AND k.folded = ?2 AND v.folded = ?3",
@@ -155,6 +155,15 @@ public:
 
     std::unordered_map<RegHandle, sqlite3_int64> handles_;
     RegHandle nextHandle_ = 1;
+
+    // The names of the sub keys of a handle, read in one query when a listing begins (at
+    // index 0), and again after this connection has changed keys since.
+    struct Children {
+        QStringList names;
+        quint64 keyChanges = 0;
+    };
+    std::unordered_map<RegHandle, Children> children_;
+    quint64 keyChanges_ = 0;
 
     int depth_ = 0;
     bool inTransaction_ = false;
@@ -501,6 +510,7 @@ public:
         if (writeGroup_) {
             // This connection's own writes leave the data version as it is.
             cache_.clear();
+            ++keyChanges_;
         }
         if (broken_) {
             close();
@@ -543,6 +553,7 @@ public:
 
     sqlite3_int64 insertKey(quint32 root, sqlite3_int64 parent, const QString& name,
                             const QString& path) {
+        ++keyChanges_;
         Use use(*this, kInsertKey);
         use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, parent).bind(3, name).bind(4, path);
         return run(use, "create key") ? sqlite3_last_insert_rowid(db_) : -1;
@@ -651,6 +662,7 @@ long SqliteRegistry::createKey(quint32 root, const QString& subKey, RegHandle* k
 }
 
 long SqliteRegistry::closeKey(RegHandle key) {
+    db_->children_.erase(key);
     return db_->handles_.erase(key) ? REG_SUCCESS : REG_INVALID_HANDLE;
 }
 
@@ -742,6 +754,7 @@ long SqliteRegistry::deleteKey(quint32 root, const QString& subKey) {
     }
     Database::Use values(*db_, kDeleteValues);
     values.bind(1, id);
+    ++db_->keyChanges_;
     Database::Use row(*db_, kDeleteKey);
     row.bind(1, id);
     if (!db_->run(values, "delete key") || !db_->run(row, "delete key")) {
@@ -755,21 +768,36 @@ long SqliteRegistry::enumKey(RegHandle key, quint32 index, QString* name) {
     if (id == 0) {
         return REG_INVALID_HANDLE;
     }
-    Group group(*db_, false);
-    if (!group.usable()) {
-        return db_->groupFailure();
+    Database& d = *db_;
+    auto listed = d.children_.find(key);
+    if (index == 0 || listed == d.children_.end() || listed->second.keyChanges != d.keyChanges_) {
+        Group group(d, false);
+        if (!group.usable()) {
+            return d.groupFailure();
+        }
+        Database::Children children;
+        children.keyChanges = d.keyChanges_;
+        Database::Use use(d, kEnumKey);
+        use.bind(1, id);
+        for (;;) {
+            const int rc = use.step();
+            if (rc == SQLITE_DONE) {
+                break;
+            }
+            if (rc != SQLITE_ROW) {
+                d.children_.erase(key);
+                return d.fail(rc, "list keys");
+            }
+            children.names.append(use.text(0));
+        }
+        listed = d.children_.insert_or_assign(key, std::move(children)).first;
     }
-    Database::Use use(*db_, kEnumKey);
-    use.bind(1, id).bind(2, static_cast<sqlite3_int64>(index));
-    const int rc = use.step();
-    if (rc == SQLITE_ROW) {
-        *name = use.text(0);
-        return REG_SUCCESS;
-    }
-    if (rc == SQLITE_DONE) {
+    const QStringList& names = listed->second.names;
+    if (index >= static_cast<quint32>(names.size())) {
         return REG_NO_MORE_ITEMS;
     }
-    return db_->fail(rc, "list keys");
+    *name = names.at(static_cast<qsizetype>(index));
+    return REG_SUCCESS;
 }
 
 long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {

@@ -180,6 +180,40 @@ TEST_F(SqliteStore, AGroupReadsItsOwnWritesBeforeTheyAreCommitted) {
     EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("before"));
 }
 
+TEST_F(SqliteStore, AListingGivesEverySubKeyOnceInTheOrderOfMaking) {
+    SqliteRegistry store(file());
+    constexpr int kChildren = 300;
+    for (int i = 0; i < kChildren; ++i) {
+        RegHandle child = 0;
+        ASSERT_EQ(store.createKey(HKEY_CURRENT_USER, QStringLiteral("P\\Kind%1").arg(i), &child),
+                  REG_SUCCESS);
+        store.closeKey(child);
+    }
+    RegHandle key = 0;
+    ASSERT_EQ(store.openKey(HKEY_CURRENT_USER, QStringLiteral("p"), &key), REG_SUCCESS);
+    QString name;
+    for (int i = 0; i < kChildren; ++i) {
+        ASSERT_EQ(store.enumKey(key, static_cast<quint32>(i), &name), REG_SUCCESS);
+        EXPECT_EQ(name, QStringLiteral("Kind%1").arg(i));
+    }
+    EXPECT_EQ(store.enumKey(key, kChildren, &name), REG_NO_MORE_ITEMS);
+    // A change of the keys by this connection is seen by a listing under way.
+    ASSERT_EQ(store.deleteKey(HKEY_CURRENT_USER, QStringLiteral("P\\Kind0")), REG_SUCCESS);
+    ASSERT_EQ(store.enumKey(key, 0, &name), REG_SUCCESS);
+    EXPECT_EQ(name, QStringLiteral("Kind1"));
+    ASSERT_EQ(store.deleteKey(HKEY_CURRENT_USER, QStringLiteral("P\\Kind1")), REG_SUCCESS);
+    ASSERT_EQ(store.enumKey(key, 1, &name), REG_SUCCESS);
+    EXPECT_EQ(name, QStringLiteral("Kind3"));
+    EXPECT_EQ(store.enumKey(key, kChildren - 2, &name), REG_NO_MORE_ITEMS);
+    store.closeKey(key);
+    EXPECT_EQ(store.enumKey(key, 0, &name), REG_INVALID_HANDLE);
+    {
+        ScopedService<RegistryBackend> scope(store);
+        EXPECT_EQ(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("P")), REG_SUCCESS);
+    }
+    EXPECT_EQ(store.openKey(HKEY_CURRENT_USER, QStringLiteral("P"), &key), REG_FILE_NOT_FOUND);
+}
+
 // --- a store that another connection holds busy ----------------------------------------
 
 // Another program has just made the file and holds it while it is opened here: with a
