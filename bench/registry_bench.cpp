@@ -82,6 +82,31 @@ void BM_RegGet(benchmark::State& state) {
     }
 }
 
+// Every read the first of its value, as at a form's start-up: 20000 values read in turn, so
+// that no value read before is still kept in the process.
+void BM_RegGetFirstRead(benchmark::State& state) {
+    constexpr int kMany = 20000;
+    static const QStringList many = [] {
+        QStringList n;
+        for (int i = 0; i < kMany; ++i) {
+            n << QStringLiteral("txt%1.Text_de").arg(i);
+        }
+        return n;
+    }();
+    vorelle::SqliteRegistry registry(folder().filePath(QStringLiteral("firstread.db")));
+    vorelle::ScopedService<vorelle::RegistryBackend> scope(registry);
+    registry.begin(true);
+    for (int i = 0; i < kMany; ++i) {
+        vorelle::RegSet(kProgram, kForm, many.at(i), valueOf(i));
+    }
+    registry.end();
+    int i = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(vorelle::RegGet(kProgram, kForm, many.at(i % kMany), QString()));
+        ++i;
+    }
+}
+
 void BM_QSettingsWrite(benchmark::State& state) {
     const QString file = iniFile("write.ini");
     int i = 0;
@@ -108,6 +133,7 @@ constexpr int kRepetitions = 9;
 BENCHMARK(BM_RegSet)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 BENCHMARK(BM_QSettingsWrite)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 BENCHMARK(BM_RegGet)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
+BENCHMARK(BM_RegGetFirstRead)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 BENCHMARK(BM_QSettingsRead)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 
 }  // namespace

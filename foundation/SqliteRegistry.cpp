@@ -10,6 +10,7 @@
 #include <QThread>
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstring>
 #include <functional>
 #include <unordered_map>
@@ -133,6 +134,10 @@ size_t qHash(const CachedName& key, size_t seed = 0) {
     return qHashMulti(seed, key.root, key.subKey, key.name);
 }
 
+// The header of a WAL index: two copies of 48 bytes at the start of its first region.
+using WalStamp = std::array<unsigned char, 48>;
+constexpr int kWalIndexRegion = 32768;
+
 struct CachedValue {
     long status;  // REG_SUCCESS or REG_FILE_NOT_FOUND
     QByteArray data;
@@ -175,7 +180,9 @@ public:
     int waited_ = 0;  // milliseconds waited for a busy store in the running call
 
     QHash<CachedName, CachedValue> cache_;
-    sqlite3_int64 cacheVersion_ = -1;
+    sqlite3_int64 cacheVersion_ = -1;  // the data version of the kept values
+    WalStamp stamp_{};                 // the WAL index header of the kept values
+    bool stamped_ = false;
 
     // --- waiting for a busy store -------------------------------------------------------
 
@@ -347,6 +354,7 @@ public:
         inTransaction_ = false;
         cache_.clear();
         cacheVersion_ = -1;
+        stamped_ = false;
     }
 
     // The status a call reports when its group could not be opened.
@@ -518,8 +526,28 @@ public:
         return failure_;
     }
 
-    // The values read before are still those of the store: nobody has written since.
+    // Makes the kept values those of the store as it is now, dropping them when anybody has
+    // written since they were read; false when the store cannot tell, and nothing is kept.
+    //
+    // Every commit to a store in WAL mode, by any connection of any process, rewrites the
+    // header of the WAL index in the shared memory that all connections map, and no
+    // connection can leave WAL mode while this one is open. An unchanged header therefore
+    // says that the store is unchanged, at the cost of reading 96 bytes. Where the header
+    // cannot be mapped, the data version of the store is asked instead (a read transaction).
     bool cacheCurrent() {
+        WalStamp stamp;
+        if (walStamp(&stamp)) {
+            if (!stamped_ || stamp != stamp_) {
+                cache_.clear();
+                stamp_ = stamp;
+                stamped_ = true;
+            }
+            return true;
+        }
+        if (stamped_) {
+            cache_.clear();
+            stamped_ = false;
+        }
         Use use(*this, kDataVersion);
         const int rc = use.step();
         if (rc != SQLITE_ROW) {
@@ -532,6 +560,34 @@ public:
             cacheVersion_ = version;
         }
         return true;
+    }
+
+    // The header of the WAL index, when it is mapped and not being rewritten just now. A
+    // writer rewrites the second copy first and the first one last; they are read the other
+    // way round, and a difference means a commit under way.
+    bool walStamp(WalStamp* stamp) {
+        sqlite3_file* file = nullptr;
+        if (sqlite3_file_control(db_, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+            file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2 ||
+            file->pMethods->xShmMap == nullptr) {
+            return false;
+        }
+        void volatile* region = nullptr;
+        if (file->pMethods->xShmMap(file, 0, kWalIndexRegion, 0, &region) != SQLITE_OK ||
+            region == nullptr) {
+            return false;
+        }
+        const auto* header = static_cast<const volatile unsigned char*>(region);
+        WalStamp second;
+        std::atomic_thread_fence(std::memory_order_acquire);
+        for (std::size_t i = 0; i < stamp->size(); ++i) {
+            (*stamp)[i] = header[i];
+        }
+        std::atomic_thread_fence(std::memory_order_acquire);
+        for (std::size_t i = 0; i < second.size(); ++i) {
+            second[i] = header[second.size() + i];
+        }
+        return *stamp == second;
     }
 
     // --- keys ---------------------------------------------------------------------------

@@ -113,6 +113,7 @@ TEST(StoreChild, Writer) {
         if (!ownFirst) {
             RegSet(kProgram, name, ownName(i), writtenValue(name, i));
         }
+        RegSet(kProgram, name, QStringLiteral("last"), QString::number(i));
         std::printf("done %d\n", i);
         std::fflush(stdout);
     }
@@ -175,6 +176,7 @@ protected:
                         }
                     } else if (line.startsWith("done ")) {
                         c.lastDone = line.mid(5).toInt();
+                        watch(c);
                     }
                 }
                 if (!c.killed && c.killAfter >= 0 && c.lastDone >= c.killAfter) {
@@ -212,6 +214,27 @@ protected:
             }
         }
         ASSERT_FALSE(timedOut) << "the writers did not end within " << timeoutMs << " ms";
+    }
+
+    // A connection of this process, open all the while, reads the progress of a writer as
+    // soon as the writer reports it: it sees the writer's committed value, never an older one
+    // that it read before.
+    void watch(const Child& child) {
+        if (!watcher_) {
+            watcher_ = std::make_unique<SqliteRegistry>(file());
+        }
+        QByteArray data;
+        const long status = watcher_->readValue(
+            HKEY_CURRENT_USER, QStringLiteral("Software\\Haldrake\\Prog\\") + child.name,
+            QStringLiteral("last"), &data);
+        ++watched_;
+        if (status != REG_SUCCESS || data.toInt() < child.lastDone) {
+            stale_ << QStringLiteral("%1 reported %2, read %3 (%4)")
+                          .arg(child.name)
+                          .arg(child.lastDone)
+                          .arg(QString::fromLatin1(data))
+                          .arg(status);
+        }
     }
 
     Child& childOf(const QProcess* process) {
@@ -293,6 +316,9 @@ protected:
 
     QTemporaryDir dir_;
     std::vector<Child> children_;
+    std::unique_ptr<SqliteRegistry> watcher_;
+    int watched_ = 0;
+    QStringList stale_;
 };
 
 TEST_F(Writers, TwoProcessesWriteTheSameKeysAtOnce) {
@@ -302,6 +328,8 @@ TEST_F(Writers, TwoProcessesWriteTheSameKeysAtOnce) {
     add(QStringLiteral("A"), kCount, kSharedNames);
     add(QStringLiteral("B"), kCount, kSharedNames);
     runAll(120000);
+    EXPECT_TRUE(stale_.isEmpty()) << stale_.join(u'\n').toStdString();
+    EXPECT_GT(watched_, 0);
     SqliteRegistry store(file());
     ScopedService<RegistryBackend> scope(store);
     for (const Child& child : children_) {
@@ -357,6 +385,8 @@ TEST_F(Writers, EightStartAtOnceTwoAreKilledNoReturnedWriteIsLost) {
         add(QStringLiteral("W%1").arg(w), kCount, kSharedNames, killAfter[w]);
     }
     runAll(60000);
+    EXPECT_TRUE(stale_.isEmpty()) << stale_.join(u'\n').toStdString();
+    EXPECT_GT(watched_, 0);
     ASSERT_TRUE(QFile::exists(file())) << "no writer made the store";
 
     SqliteRegistry store(file());
