@@ -82,13 +82,22 @@ void BM_RegGet(benchmark::State& state) {
     }
 }
 
-// Every read the first of its value, as at a form's start-up: 20000 values read in turn, so
-// that no value read before is still kept in the process.
+// Every read the first of its value, as when forms start: 500 forms of 40 values each, read
+// form by form, more of them than the process keeps, so that each value read before is gone
+// when it comes round again.
 void BM_RegGetFirstRead(benchmark::State& state) {
-    constexpr int kMany = 20000;
-    static const QStringList many = [] {
+    constexpr int kForms = 500;
+    constexpr int kPerForm = 40;
+    static const QStringList forms = [] {
         QStringList n;
-        for (int i = 0; i < kMany; ++i) {
+        for (int i = 0; i < kForms; ++i) {
+            n << QStringLiteral("frmForm%1").arg(i);
+        }
+        return n;
+    }();
+    static const QStringList fields = [] {
+        QStringList n;
+        for (int i = 0; i < kPerForm; ++i) {
             n << QStringLiteral("txt%1.Text_de").arg(i);
         }
         return n;
@@ -96,13 +105,16 @@ void BM_RegGetFirstRead(benchmark::State& state) {
     vorelle::SqliteRegistry registry(folder().filePath(QStringLiteral("firstread.db")));
     vorelle::ScopedService<vorelle::RegistryBackend> scope(registry);
     registry.begin(true);
-    for (int i = 0; i < kMany; ++i) {
-        vorelle::RegSet(kProgram, kForm, many.at(i), valueOf(i));
+    for (int f = 0; f < kForms; ++f) {
+        for (int i = 0; i < kPerForm; ++i) {
+            vorelle::RegSet(kProgram, forms.at(f), fields.at(i), valueOf(i));
+        }
     }
     registry.end();
     int i = 0;
     for (auto _ : state) {
-        benchmark::DoNotOptimize(vorelle::RegGet(kProgram, kForm, many.at(i % kMany), QString()));
+        benchmark::DoNotOptimize(vorelle::RegGet(kProgram, forms.at((i / kPerForm) % kForms),
+                                                 fields.at(i % kPerForm), QString()));
         ++i;
     }
 }

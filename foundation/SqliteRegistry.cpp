@@ -29,7 +29,9 @@ constexpr int kBusyBoundMs = 10000;
 constexpr std::array<int, 12> kBackoffMs = {1, 2, 5, 10, 15, 20, 25, 25, 25, 50, 50, 100};
 // Values read outside a group are kept for the next read while the store is unchanged; a
 // store that changes in between clears them all. Past this number the cache starts over.
-constexpr int kCachedValues = 4096;
+constexpr int kCachedValues = 16384;
+// A key with no more values than this is read whole at the first read of one of them.
+constexpr int kWholeKey = 256;
 
 constexpr const char* kSchema[] = {
     "CREATE TABLE IF NOT EXISTS reg_keys("
@@ -67,6 +69,7 @@ enum Statement : std::size_t {
     kEnumValues,
     kReadValue,
     kDataVersion,
+    kReadKey,
     kStatementCount
 };
 
@@ -91,6 +94,8 @@ constexpr std::array<const char*, kStatementCount> kSql = {
     "SELECT v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
     " WHERE k.root = ?1 AND k.folded = ?2 AND v.folded = ?3",
     "PRAGMA data_version",
+    "SELECT v.folded, v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
+    " WHERE k.root = ?1 AND k.folded = ?2 LIMIT ?3",
 };
 
 // The parts of a key path; empty parts (doubled or outer "\") are dropped.
@@ -120,18 +125,17 @@ bool isBusy(int rc) {
     return primary == SQLITE_BUSY || primary == SQLITE_LOCKED;
 }
 
-// The spelling of a value read outside a group, as the caller gave it.
-struct CachedName {
+// A key of values read outside a group, spelt as the caller gave it.
+struct CachedKeyName {
     quint32 root;
     QString subKey;
-    QString name;
-    bool operator==(const CachedName& other) const {
-        return root == other.root && subKey == other.subKey && name == other.name;
+    bool operator==(const CachedKeyName& other) const {
+        return root == other.root && subKey == other.subKey;
     }
 };
 
-size_t qHash(const CachedName& key, size_t seed = 0) {
-    return qHashMulti(seed, key.root, key.subKey, key.name);
+size_t qHash(const CachedKeyName& key, size_t seed = 0) {
+    return qHashMulti(seed, key.root, key.subKey);
 }
 
 // The header of a WAL index: two copies of 48 bytes at the start of its first region.
@@ -141,6 +145,14 @@ constexpr int kWalIndexRegion = 32768;
 struct CachedValue {
     long status;  // REG_SUCCESS or REG_FILE_NOT_FOUND
     QByteArray data;
+};
+
+// What is kept of one key: all its values when it has few enough to be read in one query
+// (a form reads the values of its key one after the other), and the answers given.
+struct CachedKey {
+    bool whole = false;
+    QHash<QString, QByteArray> byFolded;  // all values of the key by folded name, when whole
+    QHash<QString, CachedValue> byName;   // by the caller's spelling of the name
 };
 
 }  // namespace
@@ -179,7 +191,8 @@ public:
     std::function<void(int)> wait_;
     int waited_ = 0;  // milliseconds waited for a busy store in the running call
 
-    QHash<CachedName, CachedValue> cache_;
+    QHash<CachedKeyName, CachedKey> cache_;
+    int cachedValues_ = 0;
     sqlite3_int64 cacheVersion_ = -1;  // the data version of the kept values
     WalStamp stamp_{};                 // the WAL index header of the kept values
     bool stamped_ = false;
@@ -220,6 +233,11 @@ public:
             rc = step();
         }
         return rc;
+    }
+
+    void dropCache() {
+        cache_.clear();
+        cachedValues_ = 0;
     }
 
     // --- connection ---------------------------------------------------------------------
@@ -352,7 +370,7 @@ public:
             db_ = nullptr;
         }
         inTransaction_ = false;
-        cache_.clear();
+        dropCache();
         cacheVersion_ = -1;
         stamped_ = false;
     }
@@ -517,7 +535,7 @@ public:
         inTransaction_ = false;
         if (writeGroup_) {
             // This connection's own writes leave the data version as it is.
-            cache_.clear();
+            dropCache();
             ++keyChanges_;
         }
         if (broken_) {
@@ -538,25 +556,25 @@ public:
         WalStamp stamp;
         if (walStamp(&stamp)) {
             if (!stamped_ || stamp != stamp_) {
-                cache_.clear();
+                dropCache();
                 stamp_ = stamp;
                 stamped_ = true;
             }
             return true;
         }
         if (stamped_) {
-            cache_.clear();
+            dropCache();
             stamped_ = false;
         }
         Use use(*this, kDataVersion);
         const int rc = use.step();
         if (rc != SQLITE_ROW) {
-            cache_.clear();
+            dropCache();
             return false;
         }
         const sqlite3_int64 version = use.integer(0);
         if (version != cacheVersion_) {
-            cache_.clear();
+            dropCache();
             cacheVersion_ = version;
         }
         return true;
@@ -588,6 +606,89 @@ public:
             second[i] = header[second.size() + i];
         }
         return *stamp == second;
+    }
+
+    // Reads one value with one statement.
+    long queryOne(quint32 root, const QString& subKey, const QString& name, QByteArray* data) {
+        const QString path = foldedPath(subKey);
+        const QString value = folded(name);
+        Use use(*this, kReadValue);
+        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, path).bind(3, value);
+        const int rc = use.step();
+        if (rc == SQLITE_ROW) {
+            *data = use.blob(0);
+            return REG_SUCCESS;
+        }
+        if (rc == SQLITE_DONE) {
+            return REG_FILE_NOT_FOUND;
+        }
+        return fail(rc, "read value");
+    }
+
+    // Reads one value through what is kept of its key, which the first read of the key
+    // fills. The kept values are current (cacheCurrent()).
+    long cachedRead(quint32 root, const QString& subKey, const QString& name, QByteArray* data) {
+        auto entry = cache_.find(CachedKeyName{root, subKey});
+        if (entry == cache_.end()) {
+            if (cachedValues_ >= kCachedValues) {
+                dropCache();
+            }
+            CachedKey key;
+            const long status = readKey(root, subKey, &key);
+            if (status != REG_SUCCESS) {
+                return status;
+            }
+            cachedValues_ += static_cast<int>(key.byFolded.size()) + 1;
+            entry = cache_.insert(CachedKeyName{root, subKey}, std::move(key));
+        }
+        const auto known = entry->byName.constFind(name);
+        if (known != entry->byName.constEnd()) {
+            if (known->status == REG_SUCCESS) {
+                *data = known->data;
+            }
+            return known->status;
+        }
+        long status = REG_FILE_NOT_FOUND;
+        if (entry->whole) {
+            const auto found = entry->byFolded.constFind(folded(name));
+            if (found != entry->byFolded.constEnd()) {
+                *data = *found;
+                status = REG_SUCCESS;
+            }
+        } else {
+            status = queryOne(root, subKey, name, data);
+            if (status != REG_SUCCESS && status != REG_FILE_NOT_FOUND) {
+                return status;
+            }
+        }
+        entry->byName.insert(name,
+                             CachedValue{status, status == REG_SUCCESS ? *data : QByteArray()});
+        ++cachedValues_;
+        return status;
+    }
+
+    // All values of a key, when it has no more than kWholeKey of them; a missing key has none.
+    long readKey(quint32 root, const QString& subKey, CachedKey* key) {
+        const QString path = foldedPath(subKey);
+        Use use(*this, kReadKey);
+        use.bind(1, static_cast<sqlite3_int64>(root))
+            .bind(2, path)
+            .bind(3, static_cast<sqlite3_int64>(kWholeKey + 1));
+        for (;;) {
+            const int rc = use.step();
+            if (rc == SQLITE_DONE) {
+                key->whole = true;
+                return REG_SUCCESS;
+            }
+            if (rc != SQLITE_ROW) {
+                return fail(rc, "read value");
+            }
+            if (key->byFolded.size() == kWholeKey) {
+                key->byFolded.clear();  // too many: read one by one
+                return REG_SUCCESS;
+            }
+            key->byFolded.insert(use.text(0), use.blob(1));
+        }
     }
 
     // --- keys ---------------------------------------------------------------------------
@@ -883,8 +984,8 @@ long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {
 long SqliteRegistry::readValue(quint32 root, const QString& subKey, const QString& name,
                                QByteArray* data) {
     // One statement, in its own read transaction unless a group is running. Outside a group
-    // a value read before is given again while the store's data version says that nobody
-    // has written since, this connection included.
+    // the first read of a key keeps its values, which are given again while nobody has
+    // written to the store since, this connection included.
     Database& d = *db_;
     const bool alone = d.depth_ == 0;
     if (alone) {
@@ -896,38 +997,8 @@ long SqliteRegistry::readValue(quint32 root, const QString& subKey, const QStrin
     } else if (!d.db_ || d.broken_ || !d.inTransaction_) {
         return d.failure_ != REG_SUCCESS ? d.failure_ : REG_IO_FAILED;
     }
-    const bool cached = alone && d.cacheCurrent();
-    if (cached) {
-        const auto it = d.cache_.constFind(CachedName{root, subKey, name});
-        if (it != d.cache_.constEnd()) {
-            if (it->status == REG_SUCCESS) {
-                *data = it->data;
-            }
-            return it->status;
-        }
-    }
-    long status = REG_SUCCESS;
-    {
-        const QString path = foldedPath(subKey);
-        const QString value = folded(name);
-        Database::Use use(d, kReadValue);
-        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, path).bind(3, value);
-        const int rc = use.step();
-        if (rc == SQLITE_ROW) {
-            *data = use.blob(0);
-        } else if (rc == SQLITE_DONE) {
-            status = REG_FILE_NOT_FOUND;
-        } else {
-            status = d.fail(rc, "read value");
-        }
-    }
-    if (cached && (status == REG_SUCCESS || status == REG_FILE_NOT_FOUND)) {
-        if (d.cache_.size() >= kCachedValues) {
-            d.cache_.clear();
-        }
-        d.cache_.insert(CachedName{root, subKey, name},
-                        CachedValue{status, status == REG_SUCCESS ? *data : QByteArray()});
-    }
+    const long status = alone && d.cacheCurrent() ? d.cachedRead(root, subKey, name, data)
+                                                  : d.queryOne(root, subKey, name, data);
     if (alone && d.broken_) {
         d.close();
     }

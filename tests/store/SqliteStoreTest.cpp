@@ -167,6 +167,36 @@ TEST_F(SqliteStore, AValueReadBeforeIsReadAfreshOnceAnotherConnectionWrote) {
     EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("and again"));
 }
 
+// A key is read whole at its first read when it has a few hundred values or fewer; a bigger
+// one value by value. Both give every value, in any case of its name, and no other.
+TEST_F(SqliteStore, KeysOfFewAndOfManyValuesReadAlike) {
+    SqliteRegistry writer(file());
+    SqliteRegistry reader(file());
+    for (const int count : {3, 256, 257, 1000}) {
+        const QString key = QStringLiteral("Form%1").arg(count);
+        {
+            ScopedService<RegistryBackend> scope(writer);
+            writer.begin(true);
+            for (int i = 0; i < count; ++i) {
+                RegSet(kProgram, key, QStringLiteral("Txt%1.Text_de").arg(i),
+                       QStringLiteral("value %1").arg(i));
+            }
+            EXPECT_EQ(writer.end(), REG_SUCCESS);
+        }
+        ScopedService<RegistryBackend> scope(reader);
+        for (const int i : {count - 1, 0, count / 2, count - 1}) {
+            EXPECT_EQ(get(key, QStringLiteral("txt%1.TEXT_DE").arg(i)),
+                      QStringLiteral("value %1").arg(i))
+                << count;
+            EXPECT_EQ(get(key.toUpper(), QStringLiteral("Txt%1.Text_de").arg(i)),
+                      QStringLiteral("value %1").arg(i))
+                << count;
+        }
+        EXPECT_EQ(get(key, QStringLiteral("Txt%1.Text_de").arg(count)), QStringLiteral("<none>"));
+        EXPECT_EQ(get(key + u'x', QStringLiteral("Txt0.Text_de")), QStringLiteral("<none>"));
+    }
+}
+
 TEST_F(SqliteStore, AGroupReadsItsOwnWritesBeforeTheyAreCommitted) {
     SqliteRegistry store(file());
     ScopedService<RegistryBackend> scope(store);
