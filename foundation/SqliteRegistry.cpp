@@ -185,6 +185,7 @@ public:
     int depth_ = 0;
     bool inTransaction_ = false;
     bool writeGroup_ = false;
+    bool wrote_ = false;  // the running group has changed the store
     long failure_ = REG_SUCCESS;
 
     int busyBoundMs_ = kBusyBoundMs;
@@ -495,6 +496,7 @@ public:
         }
         failure_ = REG_SUCCESS;
         writeGroup_ = write;
+        wrote_ = false;
         startCall();
         if (!ready()) {
             failure_ = broken_ ? REG_BADDB : REG_IO_FAILED;
@@ -533,7 +535,7 @@ public:
             }
         }
         inTransaction_ = false;
-        if (writeGroup_) {
+        if (writeGroup_ || wrote_) {
             // This connection's own writes leave the data version as it is.
             dropCache();
             ++keyChanges_;
@@ -711,6 +713,7 @@ public:
     sqlite3_int64 insertKey(quint32 root, sqlite3_int64 parent, const QString& name,
                             const QString& path) {
         ++keyChanges_;
+        wrote_ = true;
         Use use(*this, kInsertKey);
         use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, parent).bind(3, name).bind(4, path);
         return run(use, "create key") ? sqlite3_last_insert_rowid(db_) : -1;
@@ -856,6 +859,7 @@ long SqliteRegistry::setValue(RegHandle key, const QString& name, const QByteArr
         return db_->groupFailure();
     }
     const QString foldedName = folded(name);
+    db_->wrote_ = true;
     Database::Use use(*db_, kUpsertValue);
     use.bind(1, id).bind(2, foldedName).bind(3, name).bind(4, data);
     if (!db_->run(use, "write value")) {
@@ -874,6 +878,7 @@ long SqliteRegistry::deleteValue(RegHandle key, const QString& name) {
         return db_->groupFailure();
     }
     const QString foldedName = folded(name);
+    db_->wrote_ = true;
     Database::Use use(*db_, kDeleteValue);
     use.bind(1, id).bind(2, foldedName);
     if (!db_->run(use, "delete value")) {
@@ -912,6 +917,7 @@ long SqliteRegistry::deleteKey(quint32 root, const QString& subKey) {
     Database::Use values(*db_, kDeleteValues);
     values.bind(1, id);
     ++db_->keyChanges_;
+    db_->wrote_ = true;
     Database::Use row(*db_, kDeleteKey);
     row.bind(1, id);
     if (!db_->run(values, "delete key") || !db_->run(row, "delete key")) {

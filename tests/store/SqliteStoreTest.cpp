@@ -165,6 +165,10 @@ TEST_F(SqliteStore, AValueReadBeforeIsReadAfreshOnceAnotherConnectionWrote) {
     EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("again"));
     RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("and again"));
     EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("and again"));
+    reader.begin(false);  // a group begun for reading that writes after all
+    RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("in a group"));
+    EXPECT_EQ(reader.end(), REG_SUCCESS);
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("in a group"));
 }
 
 // A key is read whole at its first read when it has a few hundred values or fewer; a bigger
