@@ -160,6 +160,7 @@ protected:
         QEventLoop loop;
         int running = static_cast<int>(children_.size());
         int ready = 0;
+        bool startFailure = false;
         for (Child& child : children_) {
             QProcess* process = child.process.get();
             QObject::connect(process, &QProcess::readyReadStandardOutput, &loop, [&, process] {
@@ -183,7 +184,12 @@ protected:
                     killChild(c);
                 }
             });
-            QObject::connect(process, &QProcess::finished, &loop, [&] {
+            QObject::connect(process, &QProcess::finished, &loop, [&, process] {
+                if (!childOf(process).ready && !startFailure) {
+                    // The others would wait for it in vain.
+                    startFailure = true;
+                    loop.quit();
+                }
                 if (--running == 0) {
                     loop.quit();
                 }
@@ -201,7 +207,7 @@ protected:
         }
         for (Child& child : children_) {
             child.process->disconnect(&loop);
-            if (timedOut) {
+            if (timedOut || startFailure) {
                 child.process->kill();
                 child.process->waitForFinished(10000);
             }
@@ -213,6 +219,11 @@ protected:
                 }
             }
         }
+        for (Child& child : children_) {
+            EXPECT_TRUE(child.ready) << child.name.toStdString() << " ended before it was ready: "
+                                     << child.process->readAllStandardError().toStdString();
+        }
+        ASSERT_FALSE(startFailure);
         ASSERT_FALSE(timedOut) << "the writers did not end within " << timeoutMs << " ms";
     }
 
