@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 #include <QStandardPaths>
 #include <QStringList>
 #include <QThread>
@@ -142,17 +143,13 @@ size_t qHash(const CachedKeyName& key, size_t seed = 0) {
 using WalStamp = std::array<unsigned char, 48>;
 constexpr int kWalIndexRegion = 32768;
 
-struct CachedValue {
-    long status;  // REG_SUCCESS or REG_FILE_NOT_FOUND
-    QByteArray data;
-};
-
-// What is kept of one key: all its values when it has few enough to be read in one query
-// (a form reads the values of its key one after the other), and the answers given.
+// What is kept of one key, by folded value name: all its values when it has few enough to
+// be read in one query (a form reads the values of its key one after the other), else the
+// values read so far and the names found missing.
 struct CachedKey {
     bool whole = false;
-    QHash<QString, QByteArray> byFolded;  // all values of the key by folded name, when whole
-    QHash<QString, CachedValue> byName;   // by the caller's spelling of the name
+    QHash<QString, QByteArray> values;
+    QSet<QString> missing;
 };
 
 }  // namespace
@@ -194,6 +191,7 @@ public:
 
     QHash<CachedKeyName, CachedKey> cache_;
     int cachedValues_ = 0;
+    QString foldBuffer_;
     sqlite3_int64 cacheVersion_ = -1;  // the data version of the kept values
     WalStamp stamp_{};                 // the WAL index header of the kept values
     bool stamped_ = false;
@@ -640,33 +638,46 @@ public:
             if (status != REG_SUCCESS) {
                 return status;
             }
-            cachedValues_ += static_cast<int>(key.byFolded.size()) + 1;
+            cachedValues_ += static_cast<int>(key.values.size()) + 1;
             entry = cache_.insert(CachedKeyName{root, subKey}, std::move(key));
         }
-        const auto known = entry->byName.constFind(name);
-        if (known != entry->byName.constEnd()) {
-            if (known->status == REG_SUCCESS) {
-                *data = known->data;
-            }
-            return known->status;
+        const QString& foldedName = foldInto(name, &foldBuffer_);
+        const auto found = entry->values.constFind(foldedName);
+        if (found != entry->values.constEnd()) {
+            *data = *found;
+            return REG_SUCCESS;
         }
-        long status = REG_FILE_NOT_FOUND;
-        if (entry->whole) {
-            const auto found = entry->byFolded.constFind(folded(name));
-            if (found != entry->byFolded.constEnd()) {
-                *data = *found;
-                status = REG_SUCCESS;
-            }
+        if (entry->whole || entry->missing.contains(foldedName)) {
+            return REG_FILE_NOT_FOUND;
+        }
+        const QString kept(foldedName.constData(), foldedName.size());
+        const long status = queryOne(root, subKey, name, data);
+        if (status == REG_SUCCESS) {
+            entry->values.insert(kept, *data);
+        } else if (status == REG_FILE_NOT_FOUND) {
+            entry->missing.insert(kept);
         } else {
-            status = queryOne(root, subKey, name, data);
-            if (status != REG_SUCCESS && status != REG_FILE_NOT_FOUND) {
-                return status;
-            }
+            return status;
         }
-        entry->byName.insert(name,
-                             CachedValue{status, status == REG_SUCCESS ? *data : QByteArray()});
         ++cachedValues_;
         return status;
+    }
+
+    // The case-folded text, into a buffer that keeps its memory from call to call.
+    static const QString& foldInto(const QString& text, QString* buffer) {
+        const qsizetype size = text.size();
+        buffer->resize(size);
+        QChar* out = buffer->data();
+        const QChar* in = text.constData();
+        for (qsizetype i = 0; i < size; ++i) {
+            const char16_t c = in[i].unicode();
+            if (c >= 0x80) {
+                *buffer = text.toCaseFolded();  // beyond ASCII: the full rule
+                return *buffer;
+            }
+            out[i] = QChar(c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c);
+        }
+        return *buffer;
     }
 
     // All values of a key, when it has no more than kWholeKey of them; a missing key has none.
@@ -685,11 +696,11 @@ public:
             if (rc != SQLITE_ROW) {
                 return fail(rc, "read value");
             }
-            if (key->byFolded.size() == kWholeKey) {
-                key->byFolded.clear();  // too many: read one by one
+            if (key->values.size() == kWholeKey) {
+                key->values.clear();  // too many: read one by one
                 return REG_SUCCESS;
             }
-            key->byFolded.insert(use.text(0), use.blob(1));
+            key->values.insert(use.text(0), use.blob(1));
         }
     }
 
