@@ -1,6 +1,8 @@
 // The store's write and read against QSettings' INI files, the usual way of a Qt program
 // to keep a few settings: a fresh QSettings object per call, setValue + sync for a write,
-// value for a read. Both hold the same 100 values of one form.
+// value for a read. Both hold the same 100 values of one form. BM_RegGet reads them over and
+// over (the store keeps what it read while nobody writes); BM_RegGetFirstRead reads values
+// that it has not read before, as a form does at its start.
 #include <benchmark/benchmark.h>
 
 #include <QSettings>
