@@ -1,6 +1,8 @@
 // The store's write and read against QSettings' INI files, the usual way of a Qt program
 // to keep a few settings: a fresh QSettings object per call, setValue + sync for a write,
-// value for a read. Both hold the same 100 values of one form.
+// value for a read. Both hold the same 100 values of one form. BM_RegGet reads them over and
+// over (the store keeps what it read while nobody writes); BM_RegGetFirstRead reads values
+// that it has not read before, as a form does at its start.
 #include <benchmark/benchmark.h>
 
 #include <QSettings>
@@ -82,6 +84,43 @@ void BM_RegGet(benchmark::State& state) {
     }
 }
 
+// Every read the first of its value, as when forms start: 500 forms of 40 values each, read
+// form by form, more of them than the process keeps, so that each value read before is gone
+// when it comes round again.
+void BM_RegGetFirstRead(benchmark::State& state) {
+    constexpr int kForms = 500;
+    constexpr int kPerForm = 40;
+    static const QStringList forms = [] {
+        QStringList n;
+        for (int i = 0; i < kForms; ++i) {
+            n << QStringLiteral("frmForm%1").arg(i);
+        }
+        return n;
+    }();
+    static const QStringList fields = [] {
+        QStringList n;
+        for (int i = 0; i < kPerForm; ++i) {
+            n << QStringLiteral("txt%1.Text_de").arg(i);
+        }
+        return n;
+    }();
+    vorelle::SqliteRegistry registry(folder().filePath(QStringLiteral("firstread.db")));
+    vorelle::ScopedService<vorelle::RegistryBackend> scope(registry);
+    registry.begin(true);
+    for (int f = 0; f < kForms; ++f) {
+        for (int i = 0; i < kPerForm; ++i) {
+            vorelle::RegSet(kProgram, forms.at(f), fields.at(i), valueOf(i));
+        }
+    }
+    registry.end();
+    int i = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(vorelle::RegGet(kProgram, forms.at((i / kPerForm) % kForms),
+                                                 fields.at(i % kPerForm), QString()));
+        ++i;
+    }
+}
+
 void BM_QSettingsWrite(benchmark::State& state) {
     const QString file = iniFile("write.ini");
     int i = 0;
@@ -108,6 +147,7 @@ constexpr int kRepetitions = 9;
 BENCHMARK(BM_RegSet)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 BENCHMARK(BM_QSettingsWrite)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 BENCHMARK(BM_RegGet)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
+BENCHMARK(BM_RegGetFirstRead)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 BENCHMARK(BM_QSettingsRead)->Repetitions(kRepetitions)->ReportAggregatesOnly(true)->UseRealTime();
 
 }  // namespace

@@ -4,9 +4,16 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
+#include <QSet>
 #include <QStandardPaths>
 #include <QStringList>
+#include <QThread>
+#include <algorithm>
 #include <array>
+#include <atomic>
+#include <cstring>
+#include <functional>
 #include <unordered_map>
 
 #include "foundation/Logs.h"
@@ -15,8 +22,17 @@ namespace vorelle {
 
 namespace {
 
-// How long a call waits for another process's write before it gives up.
-constexpr int kBusyTimeoutMs = 10000;
+// How long one call waits in all for other processes that hold the store busy before it
+// gives up: long enough for any sane concurrent use, short enough not to hang a program on a
+// store that stays locked.
+constexpr int kBusyBoundMs = 10000;
+// The waits between two tries on a busy store, growing; the last one repeats.
+constexpr std::array<int, 12> kBackoffMs = {1, 2, 5, 10, 15, 20, 25, 25, 25, 50, 50, 100};
+// Values read outside a group are kept for the next read while the store is unchanged; a
+// store that changes in between clears them all. Past this number the cache starts over.
+constexpr int kCachedValues = 16384;
+// A key with no more values than this is read whole at the first read of one of them.
+constexpr int kWholeKey = 256;
 
 constexpr const char* kSchema[] = {
     "CREATE TABLE IF NOT EXISTS reg_keys("
@@ -53,6 +69,8 @@ enum Statement : std::size_t {
     kEnumKey,
     kEnumValues,
     kReadValue,
+    kDataVersion,
+    kReadKey,
     kStatementCount
 };
 
@@ -72,10 +90,13 @@ constexpr std::array<const char*, kStatementCount> kSql = {
     " SELECT ?1, ?2, ?3, ?4 WHERE EXISTS(SELECT 1 FROM reg_keys WHERE id = ?1)"
     " ON CONFLICT(key, folded) DO UPDATE SET data = excluded.data",
     "DELETE FROM reg_values WHERE key = ?1 AND folded = ?2",
-    "SELECT name FROM reg_keys WHERE parent = ?1 ORDER BY id LIMIT 1 OFFSET ?2",
+    "SELECT name FROM reg_keys WHERE parent = ?1 ORDER BY id",
     "SELECT name FROM reg_values WHERE key = ?1 ORDER BY folded",
     "SELECT v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
     " WHERE k.root = ?1 AND k.folded = ?2 AND v.folded = ?3",
+    "PRAGMA data_version",
+    "SELECT v.folded, v.data FROM reg_keys k JOIN reg_values v ON v.key = k.id"
+    " WHERE k.root = ?1 AND k.folded = ?2 LIMIT ?3",
 };
 
 // The parts of a key path; empty parts (doubled or outer "\") are dropped.
@@ -99,6 +120,38 @@ bool isDamage(int rc) {
     return primary == SQLITE_CORRUPT || primary == SQLITE_NOTADB || primary == SQLITE_CANTOPEN;
 }
 
+// Another connection holds the store: worth another try after a wait.
+bool isBusy(int rc) {
+    const int primary = rc & 0xff;
+    return primary == SQLITE_BUSY || primary == SQLITE_LOCKED;
+}
+
+// A key of values read outside a group, spelt as the caller gave it.
+struct CachedKeyName {
+    quint32 root;
+    QString subKey;
+    bool operator==(const CachedKeyName& other) const {
+        return root == other.root && subKey == other.subKey;
+    }
+};
+
+size_t qHash(const CachedKeyName& key, size_t seed = 0) {
+    return qHashMulti(seed, key.root, key.subKey);
+}
+
+// The header of a WAL index: two copies of 48 bytes at the start of its first region.
+using WalStamp = std::array<unsigned char, 48>;
+constexpr int kWalIndexRegion = 32768;
+
+// What is kept of one key, by folded value name: all its values when it has few enough to
+// be read in one query (a form reads the values of its key one after the other), else the
+// values read so far and the names found missing.
+struct CachedKey {
+    bool whole = false;
+    QHash<QString, QByteArray> values;
+    QSet<QString> missing;
+};
+
 }  // namespace
 
 // The connection, its prepared statements, the open handles and the running transaction.
@@ -117,9 +170,74 @@ public:
     std::unordered_map<RegHandle, sqlite3_int64> handles_;
     RegHandle nextHandle_ = 1;
 
+    // The names of the sub keys of a handle, read in one query when a listing begins (at
+    // index 0), and again after this connection has changed keys since.
+    struct Children {
+        QStringList names;
+        quint64 keyChanges = 0;
+    };
+    std::unordered_map<RegHandle, Children> children_;
+    quint64 keyChanges_ = 0;
+
     int depth_ = 0;
     bool inTransaction_ = false;
+    bool writeGroup_ = false;
+    bool wrote_ = false;  // the running group has changed the store
     long failure_ = REG_SUCCESS;
+
+    int busyBoundMs_ = kBusyBoundMs;
+    std::function<void(int)> wait_;
+    int waited_ = 0;  // milliseconds waited for a busy store in the running call
+
+    QHash<CachedKeyName, CachedKey> cache_;
+    int cachedValues_ = 0;
+    QString foldBuffer_;
+    sqlite3_int64 cacheVersion_ = -1;  // the data version of the kept values
+    WalStamp stamp_{};                 // the WAL index header of the kept values
+    bool stamped_ = false;
+
+    // --- waiting for a busy store -------------------------------------------------------
+
+    // A call of the interface (or the outermost one of a group) begins: its waits start.
+    void startCall() { waited_ = 0; }
+
+    // Waits before try number attempt + 2 on a busy store; false once the running call has
+    // waited its bound.
+    bool waitForBusy(int attempt) {
+        if (waited_ >= busyBoundMs_) {
+            return false;
+        }
+        const int step = kBackoffMs[std::min<std::size_t>(attempt, kBackoffMs.size() - 1)];
+        const int delay = std::min(step, busyBoundMs_ - waited_);
+        if (wait_) {
+            wait_(delay);
+        } else {
+            QThread::msleep(static_cast<unsigned long>(delay));
+        }
+        waited_ += delay;
+        return true;
+    }
+
+    static int onBusy(void* self, int attempt) {
+        return static_cast<Database*>(self)->waitForBusy(attempt) ? 1 : 0;
+    }
+
+    // Runs step until it meets a store that is not busy, or the bound is reached. For the
+    // statements whose busy store SQLite does not wait for itself (a change of journal mode,
+    // a read that turns into a write).
+    template <class Step>
+    int retryWhileBusy(Step step) {
+        int rc = step();
+        for (int attempt = 0; isBusy(rc) && waitForBusy(attempt); ++attempt) {
+            rc = step();
+        }
+        return rc;
+    }
+
+    void dropCache() {
+        cache_.clear();
+        cachedValues_ = 0;
+    }
 
     // --- connection ---------------------------------------------------------------------
 
@@ -139,13 +257,14 @@ public:
                                  SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX,
                                  nullptr);
         if (rc == SQLITE_OK) {
-            sqlite3_busy_timeout(db_, kBusyTimeoutMs);
+            // Waiting for a busy store is in force before the first statement that locks.
+            sqlite3_busy_handler(db_, &Database::onBusy, this);
             sqlite3_extended_result_codes(db_, 1);
-            rc = setUp();
+            rc = retryWhileBusy([this] { return setUp(); });
         }
         if (rc != SQLITE_OK) {
-            // A damaged file stays closed; anything else (another process holding the
-            // file while it is made) is tried again on the next call.
+            // A damaged file stays closed; anything else (a store that stayed busy past the
+            // bound) is tried again on the next call.
             fail(rc, "open");
             close();
             return false;
@@ -153,55 +272,18 @@ public:
         return true;
     }
 
-    int setUp() {
-        // Names are handed over as UTF-16: stored so, they need no conversion. (This holds
-        // for a new file only; an existing one keeps its encoding.)
-        sqlite3_exec(db_, "PRAGMA encoding = 'UTF-16le'", nullptr, nullptr, nullptr);
-        // A file that is no database fails here already.
-        int rc = sqlite3_exec(db_, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
-        if (rc == SQLITE_OK) {
-            rc = sqlite3_exec(db_, "PRAGMA synchronous=NORMAL", nullptr, nullptr, nullptr);
-        }
-        if (rc != SQLITE_OK) {
-            return rc;
-        }
-        int version = 0;
-        rc = userVersion(&version);
-        if (rc != SQLITE_OK) {
-            return rc;
-        }
-        if (version < 1) {
-            rc = sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-            for (const char* sql : kSchema) {
-                if (rc == SQLITE_OK) {
-                    rc = sqlite3_exec(db_, sql, nullptr, nullptr, nullptr);
-                }
-            }
-            if (rc == SQLITE_OK) {
-                rc = sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr);
-            }
-            if (rc != SQLITE_OK) {
-                sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
-                return rc;
-            }
-        }
-        for (std::size_t i = 0; i < kStatementCount; ++i) {
-            rc = sqlite3_prepare_v3(db_, kSql[i], -1, SQLITE_PREPARE_PERSISTENT, &statements_[i],
-                                    nullptr);
-            if (rc != SQLITE_OK) {
-                return rc;
-            }
-        }
-        return SQLITE_OK;
-    }
-
-    int userVersion(int* version) {
+    // Runs one statement that yields at most one row; its first column goes to text.
+    int single(const char* sql, QByteArray* text = nullptr) {
         sqlite3_stmt* stmt = nullptr;
-        int rc = sqlite3_prepare_v2(db_, "PRAGMA user_version", -1, &stmt, nullptr);
+        int rc = sqlite3_prepare_v2(db_, sql, -1, &stmt, nullptr);
         if (rc == SQLITE_OK) {
             rc = sqlite3_step(stmt);
             if (rc == SQLITE_ROW) {
-                *version = sqlite3_column_int(stmt, 0);
+                if (text) {
+                    *text = QByteArray(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
+                }
+                rc = SQLITE_OK;
+            } else if (rc == SQLITE_DONE) {
                 rc = SQLITE_OK;
             }
         }
@@ -209,16 +291,87 @@ public:
         return rc;
     }
 
-    void close() {
+    // Makes the connection usable; every step may be repeated after a busy store. Nothing is
+    // written to the file before it has been read as a store.
+    int setUp() {
+        finalizeStatements();
+        // Names are handed over as UTF-16: stored so, they need no conversion. (This holds
+        // for a new file only; an existing one keeps its encoding.)
+        sqlite3_exec(db_, "PRAGMA encoding = 'UTF-16le'", nullptr, nullptr, nullptr);
+        // A file that is no database, or a damaged one, fails here already: its header and
+        // its schema are read.
+        int rc = single("SELECT count(*) FROM sqlite_master");
+        QByteArray mode;
+        if (rc == SQLITE_OK) {
+            rc = single("PRAGMA journal_mode", &mode);
+        }
+        if (rc == SQLITE_OK && mode != "wal") {
+            // The one step of the set-up that SQLite does not wait for: two processes that
+            // switch a new file at once may find each other's lock.
+            rc = single("PRAGMA journal_mode=WAL", &mode);
+            if (rc == SQLITE_OK && mode != "wal") {
+                rc = SQLITE_READONLY;
+            }
+        }
+        if (rc == SQLITE_OK) {
+            rc = single("PRAGMA synchronous=NORMAL");
+        }
+        QByteArray version;
+        if (rc == SQLITE_OK) {
+            rc = single("PRAGMA user_version", &version);
+        }
+        if (rc == SQLITE_OK && version.toInt() < 1) {
+            rc = createSchema();
+        }
+        for (std::size_t i = 0; i < kStatementCount && rc == SQLITE_OK; ++i) {
+            rc = sqlite3_prepare_v3(db_, kSql[i], -1, SQLITE_PREPARE_PERSISTENT, &statements_[i],
+                                    nullptr);
+        }
+        return rc;
+    }
+
+    // Creates the tables, unless another process has done so meanwhile.
+    int createSchema() {
+        int rc = sqlite3_exec(db_, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+        if (rc != SQLITE_OK) {
+            return rc;
+        }
+        QByteArray version;
+        rc = single("PRAGMA user_version", &version);
+        if (rc == SQLITE_OK && version.toInt() < 1) {
+            for (const char* sql : kSchema) {
+                if (rc == SQLITE_OK) {
+                    rc = sqlite3_exec(db_, sql, nullptr, nullptr, nullptr);
+                }
+            }
+        }
+        if (rc == SQLITE_OK) {
+            rc = retryWhileBusy(
+                [this] { return sqlite3_exec(db_, "COMMIT", nullptr, nullptr, nullptr); });
+        }
+        if (rc != SQLITE_OK) {
+            sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+        }
+        return rc;
+    }
+
+    void finalizeStatements() {
         for (sqlite3_stmt*& stmt : statements_) {
             sqlite3_finalize(stmt);
             stmt = nullptr;
         }
+    }
+
+    void close() {
+        finalizeStatements();
         if (db_) {
             sqlite3_close_v2(db_);
             db_ = nullptr;
         }
         inTransaction_ = false;
+        dropCache();
+        cacheVersion_ = -1;
+        stamped_ = false;
     }
 
     // The status a call reports when its group could not be opened.
@@ -235,12 +388,27 @@ public:
         bool& reported = damage ? reportedDamage_ : reportedFailure_;
         if (!reported) {
             reported = true;
-            const QString message =
+            QString reason = db_ ? QString::fromUtf8(sqlite3_errmsg(db_))
+                                 : QString::fromUtf8(sqlite3_errstr(rc));
+            const int system = db_ ? sqlite3_system_errno(db_) : 0;
+            if (system != 0 && (rc & 0xff) == SQLITE_CANTOPEN) {
+                reason += QStringLiteral(", ") + QString::fromLocal8Bit(std::strerror(system));
+            }
+            QString message =
                 QStringLiteral("registry store %1: %2 failed: %3 (%4)")
-                    .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what),
-                         db_ ? QString::fromUtf8(sqlite3_errmsg(db_))
-                             : QString::fromUtf8(sqlite3_errstr(rc)))
+                    .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what), reason)
                     .arg(rc);
+            if ((rc & 0xff) == SQLITE_CANTOPEN) {
+                message += QStringLiteral(
+                    "; the file cannot be opened, so values read as their defaults and nothing "
+                    "is written to it");
+            } else if (damage) {
+                message += QStringLiteral(
+                    "; the file is damaged or no store, so values read as their defaults and "
+                    "nothing is written to it");
+            } else if (isBusy(rc)) {
+                message += QStringLiteral("; the store stayed busy for %1 ms").arg(waited_);
+            }
             const int number = ErrNumber();
             const QString description = ErrDescription();
             ErrRaise(static_cast<int>(status), QStringLiteral("The registry store failed"));
@@ -271,10 +439,13 @@ public:
             return *this;
         }
         Use& bind(int index, const QString& text) {
+            // The text outlives the use, whose end clears the bindings: no copy is needed.
             sqlite3_bind_text16(stmt_, index, text.utf16(),
-                                static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
+                                static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_STATIC);
             return *this;
         }
+        // A temporary text would be gone before the step.
+        Use& bind(int index, QString&& text) = delete;
         Use& bind(int index, const QByteArray& data) {
             if (data.isEmpty()) {
                 sqlite3_bind_zeroblob(stmt_, index, 0);
@@ -285,6 +456,11 @@ public:
             return *this;
         }
         int step() { return sqlite3_step(stmt_); }
+        // Steps once more after a busy store.
+        int restep() {
+            sqlite3_reset(stmt_);
+            return sqlite3_step(stmt_);
+        }
         sqlite3_int64 integer(int column) const { return sqlite3_column_int64(stmt_, column); }
         QString text(int column) const {
             const auto* chars = static_cast<const char16_t*>(sqlite3_column_text16(stmt_, column));
@@ -317,12 +493,20 @@ public:
             return;
         }
         failure_ = REG_SUCCESS;
+        writeGroup_ = write;
+        wrote_ = false;
+        startCall();
         if (!ready()) {
             failure_ = broken_ ? REG_BADDB : REG_IO_FAILED;
             return;
         }
+        // A write group takes the write lock at once, waiting for other writers.
         Use use(*this, write ? kBeginWrite : kBegin);
-        inTransaction_ = run(use, write ? "begin write" : "begin");
+        const int rc = retryWhileBusy([&use] { return use.restep(); });
+        inTransaction_ = rc == SQLITE_DONE;
+        if (!inTransaction_) {
+            fail(rc, write ? "begin write" : "begin");
+        }
     }
 
     long end() {
@@ -334,22 +518,190 @@ public:
         }
         if (inTransaction_ && db_) {
             inTransaction_ = false;
+            bool committed = false;
             if (failure_ == REG_SUCCESS) {
                 Use commit(*this, kCommit);
-                if (!run(commit, "commit")) {
-                    Use rollback(*this, kRollback);
-                    rollback.step();
+                const int rc = retryWhileBusy([&commit] { return commit.restep(); });
+                committed = rc == SQLITE_DONE;
+                if (!committed) {
+                    fail(rc, "commit");
                 }
-            } else {
+            }
+            if (!committed) {
                 Use rollback(*this, kRollback);
                 rollback.step();
             }
         }
         inTransaction_ = false;
+        if (writeGroup_ || wrote_) {
+            // This connection's own writes leave the data version as it is.
+            dropCache();
+            ++keyChanges_;
+        }
         if (broken_) {
             close();
         }
         return failure_;
+    }
+
+    // Makes the kept values those of the store as it is now, dropping them when anybody has
+    // written since they were read; false when the store cannot tell, and nothing is kept.
+    //
+    // Every commit to a store in WAL mode, by any connection of any process, rewrites the
+    // header of the WAL index in the shared memory that all connections map, and no
+    // connection can leave WAL mode while this one is open. An unchanged header therefore
+    // says that the store is unchanged, at the cost of reading 96 bytes. Where the header
+    // cannot be mapped, the data version of the store is asked instead (a read transaction).
+    bool cacheCurrent() {
+        WalStamp stamp;
+        if (walStamp(&stamp)) {
+            if (!stamped_ || stamp != stamp_) {
+                dropCache();
+                stamp_ = stamp;
+                stamped_ = true;
+            }
+            return true;
+        }
+        if (stamped_) {
+            dropCache();
+            stamped_ = false;
+        }
+        Use use(*this, kDataVersion);
+        const int rc = use.step();
+        if (rc != SQLITE_ROW) {
+            dropCache();
+            return false;
+        }
+        const sqlite3_int64 version = use.integer(0);
+        if (version != cacheVersion_) {
+            dropCache();
+            cacheVersion_ = version;
+        }
+        return true;
+    }
+
+    // The header of the WAL index, when it is mapped and not being rewritten just now. A
+    // writer rewrites the second copy first and the first one last; they are read the other
+    // way round, and a difference means a commit under way.
+    bool walStamp(WalStamp* stamp) {
+        sqlite3_file* file = nullptr;
+        if (sqlite3_file_control(db_, "main", SQLITE_FCNTL_FILE_POINTER, &file) != SQLITE_OK ||
+            file == nullptr || file->pMethods == nullptr || file->pMethods->iVersion < 2 ||
+            file->pMethods->xShmMap == nullptr) {
+            return false;
+        }
+        void volatile* region = nullptr;
+        if (file->pMethods->xShmMap(file, 0, kWalIndexRegion, 0, &region) != SQLITE_OK ||
+            region == nullptr) {
+            return false;
+        }
+        const auto* header = static_cast<const volatile unsigned char*>(region);
+        WalStamp second;
+        std::atomic_thread_fence(std::memory_order_acquire);
+        for (std::size_t i = 0; i < stamp->size(); ++i) {
+            (*stamp)[i] = header[i];
+        }
+        std::atomic_thread_fence(std::memory_order_acquire);
+        for (std::size_t i = 0; i < second.size(); ++i) {
+            second[i] = header[second.size() + i];
+        }
+        return *stamp == second;
+    }
+
+    // Reads one value with one statement.
+    long queryOne(quint32 root, const QString& subKey, const QString& name, QByteArray* data) {
+        const QString path = foldedPath(subKey);
+        const QString value = folded(name);
+        Use use(*this, kReadValue);
+        use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, path).bind(3, value);
+        const int rc = use.step();
+        if (rc == SQLITE_ROW) {
+            *data = use.blob(0);
+            return REG_SUCCESS;
+        }
+        if (rc == SQLITE_DONE) {
+            return REG_FILE_NOT_FOUND;
+        }
+        return fail(rc, "read value");
+    }
+
+    // Reads one value through what is kept of its key, which the first read of the key
+    // fills. The kept values are current (cacheCurrent()).
+    long cachedRead(quint32 root, const QString& subKey, const QString& name, QByteArray* data) {
+        auto entry = cache_.find(CachedKeyName{root, subKey});
+        if (entry == cache_.end()) {
+            if (cachedValues_ >= kCachedValues) {
+                dropCache();
+            }
+            CachedKey key;
+            const long status = readKey(root, subKey, &key);
+            if (status != REG_SUCCESS) {
+                return status;
+            }
+            cachedValues_ += static_cast<int>(key.values.size()) + 1;
+            entry = cache_.insert(CachedKeyName{root, subKey}, std::move(key));
+        }
+        const QString& foldedName = foldInto(name, &foldBuffer_);
+        const auto found = entry->values.constFind(foldedName);
+        if (found != entry->values.constEnd()) {
+            *data = *found;
+            return REG_SUCCESS;
+        }
+        if (entry->whole || entry->missing.contains(foldedName)) {
+            return REG_FILE_NOT_FOUND;
+        }
+        const QString kept(foldedName.constData(), foldedName.size());
+        const long status = queryOne(root, subKey, name, data);
+        if (status == REG_SUCCESS) {
+            entry->values.insert(kept, *data);
+        } else if (status == REG_FILE_NOT_FOUND) {
+            entry->missing.insert(kept);
+        } else {
+            return status;
+        }
+        ++cachedValues_;
+        return status;
+    }
+
+    // The case-folded text, into a buffer that keeps its memory from call to call.
+    static const QString& foldInto(const QString& text, QString* buffer) {
+        const qsizetype size = text.size();
+        buffer->resize(size);
+        QChar* out = buffer->data();
+        const QChar* in = text.constData();
+        for (qsizetype i = 0; i < size; ++i) {
+            const char16_t c = in[i].unicode();
+            if (c >= 0x80) {
+                *buffer = text.toCaseFolded();  // beyond ASCII: the full rule
+                return *buffer;
+            }
+            out[i] = QChar(c >= u'A' && c <= u'Z' ? char16_t(c + 32) : c);
+        }
+        return *buffer;
+    }
+
+    // All values of a key, when it has no more than kWholeKey of them; a missing key has none.
+    long readKey(quint32 root, const QString& subKey, CachedKey* key) {
+        const QString path = foldedPath(subKey);
+        Use use(*this, kReadKey);
+        use.bind(1, static_cast<sqlite3_int64>(root))
+            .bind(2, path)
+            .bind(3, static_cast<sqlite3_int64>(kWholeKey + 1));
+        for (;;) {
+            const int rc = use.step();
+            if (rc == SQLITE_DONE) {
+                key->whole = true;
+                return REG_SUCCESS;
+            }
+            if (rc != SQLITE_ROW) {
+                return fail(rc, "read value");
+            }
+            if (key->values.size() == kWholeKey) {
+                key->values.clear();  // too many: read one by one
+                return REG_SUCCESS;
+            }
+            key->values.insert(use.text(0), use.blob(1));
+        }
     }
 
     // --- keys ---------------------------------------------------------------------------
@@ -371,6 +723,8 @@ public:
 
     sqlite3_int64 insertKey(quint32 root, sqlite3_int64 parent, const QString& name,
                             const QString& path) {
+        ++keyChanges_;
+        wrote_ = true;
         Use use(*this, kInsertKey);
         use.bind(1, static_cast<sqlite3_int64>(root)).bind(2, parent).bind(3, name).bind(4, path);
         return run(use, "create key") ? sqlite3_last_insert_rowid(db_) : -1;
@@ -416,6 +770,11 @@ QString SqliteRegistry::DefaultFile() {
 
 QString SqliteRegistry::file() const {
     return db_->file_;
+}
+
+void SqliteRegistry::setBusyWait(int boundMs, std::function<void(int)> wait) {
+    db_->busyBoundMs_ = std::max(0, boundMs);
+    db_->wait_ = std::move(wait);
 }
 
 long SqliteRegistry::openKey(quint32 root, const QString& subKey, RegHandle* key) {
@@ -474,6 +833,7 @@ long SqliteRegistry::createKey(quint32 root, const QString& subKey, RegHandle* k
 }
 
 long SqliteRegistry::closeKey(RegHandle key) {
+    db_->children_.erase(key);
     return db_->handles_.erase(key) ? REG_SUCCESS : REG_INVALID_HANDLE;
 }
 
@@ -486,8 +846,9 @@ long SqliteRegistry::queryValue(RegHandle key, const QString& name, QByteArray* 
     if (!group.usable()) {
         return db_->groupFailure();
     }
+    const QString foldedName = folded(name);
     Database::Use use(*db_, kQueryValue);
-    use.bind(1, id).bind(2, folded(name));
+    use.bind(1, id).bind(2, foldedName);
     const int rc = use.step();
     if (rc == SQLITE_ROW) {
         *data = use.blob(0);
@@ -508,8 +869,10 @@ long SqliteRegistry::setValue(RegHandle key, const QString& name, const QByteArr
     if (!group.usable()) {
         return db_->groupFailure();
     }
+    const QString foldedName = folded(name);
+    db_->wrote_ = true;
     Database::Use use(*db_, kUpsertValue);
-    use.bind(1, id).bind(2, folded(name)).bind(3, name).bind(4, data);
+    use.bind(1, id).bind(2, foldedName).bind(3, name).bind(4, data);
     if (!db_->run(use, "write value")) {
         return db_->failure_;
     }
@@ -525,8 +888,10 @@ long SqliteRegistry::deleteValue(RegHandle key, const QString& name) {
     if (!group.usable()) {
         return db_->groupFailure();
     }
+    const QString foldedName = folded(name);
+    db_->wrote_ = true;
     Database::Use use(*db_, kDeleteValue);
-    use.bind(1, id).bind(2, folded(name));
+    use.bind(1, id).bind(2, foldedName);
     if (!db_->run(use, "delete value")) {
         return db_->failure_;
     }
@@ -562,6 +927,8 @@ long SqliteRegistry::deleteKey(quint32 root, const QString& subKey) {
     }
     Database::Use values(*db_, kDeleteValues);
     values.bind(1, id);
+    ++db_->keyChanges_;
+    db_->wrote_ = true;
     Database::Use row(*db_, kDeleteKey);
     row.bind(1, id);
     if (!db_->run(values, "delete key") || !db_->run(row, "delete key")) {
@@ -575,21 +942,36 @@ long SqliteRegistry::enumKey(RegHandle key, quint32 index, QString* name) {
     if (id == 0) {
         return REG_INVALID_HANDLE;
     }
-    Group group(*db_, false);
-    if (!group.usable()) {
-        return db_->groupFailure();
+    Database& d = *db_;
+    auto listed = d.children_.find(key);
+    if (index == 0 || listed == d.children_.end() || listed->second.keyChanges != d.keyChanges_) {
+        Group group(d, false);
+        if (!group.usable()) {
+            return d.groupFailure();
+        }
+        Database::Children children;
+        children.keyChanges = d.keyChanges_;
+        Database::Use use(d, kEnumKey);
+        use.bind(1, id);
+        for (;;) {
+            const int rc = use.step();
+            if (rc == SQLITE_DONE) {
+                break;
+            }
+            if (rc != SQLITE_ROW) {
+                d.children_.erase(key);
+                return d.fail(rc, "list keys");
+            }
+            children.names.append(use.text(0));
+        }
+        listed = d.children_.insert_or_assign(key, std::move(children)).first;
     }
-    Database::Use use(*db_, kEnumKey);
-    use.bind(1, id).bind(2, static_cast<sqlite3_int64>(index));
-    const int rc = use.step();
-    if (rc == SQLITE_ROW) {
-        *name = use.text(0);
-        return REG_SUCCESS;
-    }
-    if (rc == SQLITE_DONE) {
+    const QStringList& names = listed->second.names;
+    if (index >= static_cast<quint32>(names.size())) {
         return REG_NO_MORE_ITEMS;
     }
-    return db_->fail(rc, "list keys");
+    *name = names.at(static_cast<qsizetype>(index));
+    return REG_SUCCESS;
 }
 
 long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {
@@ -618,32 +1000,23 @@ long SqliteRegistry::enumValues(RegHandle key, QStringList* names) {
 
 long SqliteRegistry::readValue(quint32 root, const QString& subKey, const QString& name,
                                QByteArray* data) {
-    // One statement, in its own read transaction unless a group is running.
+    // One statement, in its own read transaction unless a group is running. Outside a group
+    // the first read of a key keeps its values, which are given again while nobody has
+    // written to the store since, this connection included.
     Database& d = *db_;
-    if (d.depth_ == 0) {
+    const bool alone = d.depth_ == 0;
+    if (alone) {
         d.failure_ = REG_SUCCESS;
+        d.startCall();
         if (!d.ready()) {
             return d.broken_ ? REG_BADDB : REG_IO_FAILED;
         }
     } else if (!d.db_ || d.broken_ || !d.inTransaction_) {
         return d.failure_ != REG_SUCCESS ? d.failure_ : REG_IO_FAILED;
     }
-    long status = REG_SUCCESS;
-    {
-        Database::Use use(d, kReadValue);
-        use.bind(1, static_cast<sqlite3_int64>(root))
-            .bind(2, foldedPath(subKey))
-            .bind(3, folded(name));
-        const int rc = use.step();
-        if (rc == SQLITE_ROW) {
-            *data = use.blob(0);
-        } else if (rc == SQLITE_DONE) {
-            status = REG_FILE_NOT_FOUND;
-        } else {
-            status = d.fail(rc, "read value");
-        }
-    }
-    if (d.depth_ == 0 && d.broken_) {
+    const long status = alone && d.cacheCurrent() ? d.cachedRead(root, subKey, name, data)
+                                                  : d.queryOne(root, subKey, name, data);
+    if (alone && d.broken_) {
         d.close();
     }
     return status;

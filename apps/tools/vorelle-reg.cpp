@@ -14,6 +14,7 @@
 // Exit codes: 0 done, 1 the key or value does not exist, 2 bad arguments or a failure.
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QSaveFile>
 #include <QStringList>
@@ -22,6 +23,9 @@
 #include "foundation/RegFile.h"
 #include "foundation/RegStore.h"
 #include "foundation/RegistryBackend.h"
+#ifndef _WIN32
+#include "foundation/SqliteRegistry.h"
+#endif
 
 using namespace vorelle;
 
@@ -51,6 +55,28 @@ void print(FILE* stream, const QString& text) {
 int failWith(int code, const QString& message) {
     print(stderr, QStringLiteral("vorelle-reg: ") + message + u'\n');
     return code;
+}
+
+// The store as the user knows it: its file where it is one.
+QString storeName() {
+#ifndef _WIN32
+    if (const auto* file = dynamic_cast<const SqliteRegistry*>(&RegistryBackend::instance())) {
+        return QStringLiteral("the store ") + QDir::toNativeSeparators(file->file());
+    }
+#endif
+    return QStringLiteral("the registry");
+}
+
+// A failure of the store itself, with the status of the backend.
+int storeFailure(long status, bool write) {
+    const QString reason = status == REG_BADDB
+                               ? QStringLiteral("it is damaged, no store, or may not be opened")
+                               : QStringLiteral("it is busy or failed");
+    return failWith(
+        kFailed,
+        QStringLiteral("%1 cannot be %2: %3 (%4)")
+            .arg(storeName(), write ? QStringLiteral("written") : QStringLiteral("read"), reason)
+            .arg(status));
 }
 
 int usage(const QString& problem) {
@@ -105,7 +131,7 @@ int get(const KeyPath& where, const QString& name) {
         return failWith(kMissing, QStringLiteral("no value \"%1\" in %2").arg(name, where.shown()));
     }
     if (status != REG_SUCCESS) {
-        return failWith(kFailed, QStringLiteral("the store cannot be read (%1)").arg(status));
+        return storeFailure(status, false);
     }
     print(stdout, asRead(data) + u'\n');
     return kDone;
@@ -127,8 +153,7 @@ int set(const KeyPath& where, const QString& name, const QString& value) {
     }
     const long ended = backend.end();
     if (status != REG_SUCCESS || ended != REG_SUCCESS) {
-        return failWith(kFailed, QStringLiteral("the store cannot be written (%1)")
-                                     .arg(status != REG_SUCCESS ? status : ended));
+        return storeFailure(status != REG_SUCCESS ? status : ended, true);
     }
     return kDone;
 }
@@ -147,8 +172,7 @@ int removeValue(const KeyPath& where, const QString& name) {
         return failWith(kMissing, QStringLiteral("no value \"%1\" in %2").arg(name, where.shown()));
     }
     if (status != REG_SUCCESS || ended != REG_SUCCESS) {
-        return failWith(kFailed, QStringLiteral("the store cannot be written (%1)")
-                                     .arg(status != REG_SUCCESS ? status : ended));
+        return storeFailure(status != REG_SUCCESS ? status : ended, true);
     }
     return kDone;
 }
@@ -162,7 +186,9 @@ int removeKey(const KeyPath& where) {
         return failWith(kMissing, QStringLiteral("no key %1").arg(where.shown()));
     }
     if (status != REG_SUCCESS) {
-        return failWith(kFailed, QStringLiteral("the key cannot be deleted (%1)").arg(status));
+        return status == REG_ACCESS_DENIED
+                   ? failWith(kFailed, QStringLiteral("the key cannot be deleted (%1)").arg(status))
+                   : storeFailure(status, true);
     }
     return kDone;
 }
@@ -218,13 +244,23 @@ int list(const KeyPath& where) {
         return failWith(kMissing, QStringLiteral("no key %1").arg(where.shown()));
     }
     if (status != REG_SUCCESS) {
-        return failWith(kFailed, QStringLiteral("the store cannot be read (%1)").arg(status));
+        return storeFailure(status, false);
     }
     print(stdout, out);
     return kDone;
 }
 
 int exportTo(const QString& file, const KeyPath& where) {
+    // A store that cannot be read is told apart from a missing key.
+    RegistryBackend& backend = RegistryBackend::instance();
+    backend.begin(false);
+    RegHandle key = 0;
+    const long status = backend.openKey(where.root, where.path, &key);
+    backend.closeKey(key);
+    backend.end();
+    if (status != REG_SUCCESS && status != REG_FILE_NOT_FOUND) {
+        return storeFailure(status, false);
+    }
     const QString text = RegFile::exportText(where.root, where.path);
     if (text.isEmpty()) {
         return failWith(kMissing, QStringLiteral("no key %1").arg(where.shown()));
@@ -253,8 +289,8 @@ int importFrom(const QString& file) {
     const long status = parsed.apply();
     if (status != REG_SUCCESS) {
         return failWith(kFailed,
-                        QStringLiteral("%1: the store cannot be written (%2); nothing was imported")
-                            .arg(file)
+                        QStringLiteral("%1: %2 cannot be written (%3); nothing was imported")
+                            .arg(file, storeName())
                             .arg(status));
     }
     return kDone;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -271,6 +272,62 @@ TEST_F(RegTool, DamagedImportChangesNothing) {
     EXPECT_EQ(run({"get", "Lager", "keep"}).out, QStringLiteral("old\n"));
     EXPECT_EQ(run({"get", "Lager", "more"}).code, 1);
 }
+
+// A store file that is damaged or no file at all: every command that needs the store exits
+// with 2, names the file, and leaves it as it was.
+class RegToolDamagedStore : public RegTool, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(RegToolDamagedStore, ExitsTwoNamingTheFileAndChangesNothing) {
+    if (IsSkipped()) {
+        return;
+    }
+    const QString store = path("store.db");
+    const QByteArray junk = QByteArray(8192, 'Z') + "no store";
+    if (GetParam()) {
+        ASSERT_TRUE(QDir().mkpath(store));
+    } else {
+        QFile f(store);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write(junk);
+    }
+    {
+        QFile in(path("in.reg"));
+        ASSERT_TRUE(in.open(QIODevice::WriteOnly));
+        in.write(RegFile::encode(kHead + QStringLiteral("[HKEY_CURRENT_USER\\Software\\Haldrake\\"
+                                                        "Lager]\n\"v\"=\"x\"\n")));
+    }
+    const QList<QStringList> commands = {
+        {"get", "Lager", "v"},
+        {"set", "Lager", "v", "x"},
+        {"list"},
+        {"list", "Lager"},
+        {"delete", "Lager", "v"},
+        {"delete", "Lager"},
+        {"import", path("in.reg")},
+        {"export", path("out.reg"), "Lager"},
+    };
+    for (const QStringList& args : commands) {
+        const Result r = run(args);
+        EXPECT_EQ(r.code, 2) << args.join(u' ').toStdString();
+        EXPECT_TRUE(r.err.startsWith(QStringLiteral("vorelle-reg: ")) &&
+                    r.err.contains(QDir::toNativeSeparators(store)))
+            << args.join(u' ').toStdString() << ": " << r.err.toStdString();
+        EXPECT_TRUE(r.out.isEmpty()) << r.out.toStdString();
+    }
+    EXPECT_FALSE(QFile::exists(path("out.reg")));
+    if (GetParam()) {
+        EXPECT_TRUE(QDir(store).isEmpty());
+    } else {
+        QFile f(store);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        EXPECT_TRUE(f.readAll() == junk) << "the file was changed";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, RegToolDamagedStore, ::testing::Values(false, true),
+                         [](const auto& info) {
+                             return std::string(info.param ? "AFolderInItsPlace" : "NoDatabase");
+                         });
 
 struct BadArguments {
     const char* name;

@@ -1,11 +1,19 @@
 #include <gtest/gtest.h>
+#include <linux/capability.h>
+#include <sqlite3.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <cstdio>
+#include <random>
+
+#include "support/QtPrinters.h"
 
 #include "foundation/LibraryFolder.h"
 #include "foundation/RegStore.h"
@@ -17,6 +25,7 @@ namespace {
 
 const QString kProgram = QStringLiteral("Prog");
 const QString kShared = QStringLiteral("Shared");
+const QString kNewKey = QStringLiteral("NewKey");
 
 QString get(const QString& key, const QString& name,
             const QString& fallback = QStringLiteral("<none>")) {
@@ -127,32 +136,331 @@ TEST_F(SqliteStore, KeysWithSubKeysAndRootsAreNotDeletedDirectly) {
     store.closeKey(key);
 }
 
+TEST_F(SqliteStore, AValueReadBeforeIsReadAfreshOnceAnotherConnectionWrote) {
+    SqliteRegistry reader(file());
+    SqliteRegistry writer(file());
+    {
+        ScopedService<RegistryBackend> scope(writer);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("1"));
+    }
+    ScopedService<RegistryBackend> scope(reader);
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("1"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("<none>"));
+    {
+        ScopedService<RegistryBackend> other(writer);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("2"));
+        RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("made"));
+    }
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("2"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("made"));
+    {
+        ScopedService<RegistryBackend> other(writer);
+        EXPECT_EQ(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("Software\\Haldrake\\Prog")),
+                  REG_SUCCESS);
+    }
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("<none>"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("<none>"));
+    // The connection's own writes count as well.
+    RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("again"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("again"));
+    RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("and again"));
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("and again"));
+    reader.begin(false);  // a group begun for reading that writes after all
+    RegSet(kProgram, kShared, QStringLiteral("new"), QStringLiteral("in a group"));
+    EXPECT_EQ(reader.end(), REG_SUCCESS);
+    EXPECT_EQ(get(kShared, QStringLiteral("new")), QStringLiteral("in a group"));
+}
+
+// A key is read whole at its first read when it has 256 values or fewer; a bigger
+// one value by value. Both give every value, in any case of its name, and no other.
+TEST_F(SqliteStore, KeysOfFewAndOfManyValuesReadAlike) {
+    SqliteRegistry writer(file());
+    SqliteRegistry reader(file());
+    for (const int count : {3, 255, 256, 1000}) {
+        const QString key = QStringLiteral("Form%1").arg(count);
+        {
+            ScopedService<RegistryBackend> scope(writer);
+            writer.begin(true);
+            for (int i = 0; i < count; ++i) {
+                RegSet(kProgram, key, QStringLiteral("Txt%1.Text_de").arg(i),
+                       QStringLiteral("value %1").arg(i));
+            }
+            RegSet(kProgram, key, QStringLiteral("öl.Grösse"), QStringLiteral("Zahl"));
+            EXPECT_EQ(writer.end(), REG_SUCCESS);
+        }
+        ScopedService<RegistryBackend> scope(reader);
+        for (const int i : {count - 1, 0, count / 2, count - 1}) {
+            EXPECT_EQ(get(key, QStringLiteral("txt%1.TEXT_DE").arg(i)),
+                      QStringLiteral("value %1").arg(i))
+                << count;
+            EXPECT_EQ(get(key.toUpper(), QStringLiteral("Txt%1.Text_de").arg(i)),
+                      QStringLiteral("value %1").arg(i))
+                << count;
+        }
+        EXPECT_EQ(get(key, QStringLiteral("Txt%1.Text_de").arg(count)), QStringLiteral("<none>"));
+        EXPECT_EQ(get(key, QStringLiteral("Txt%1.Text_de").arg(count)), QStringLiteral("<none>"));
+        EXPECT_EQ(get(key, QStringLiteral("ÖL.GRÖSSE")), QStringLiteral("Zahl"));
+        EXPECT_EQ(get(key, QStringLiteral("öl.größe")), QStringLiteral("<none>"));
+        EXPECT_EQ(get(key + u'x', QStringLiteral("Txt0.Text_de")), QStringLiteral("<none>"));
+    }
+}
+
+TEST_F(SqliteStore, AGroupReadsItsOwnWritesBeforeTheyAreCommitted) {
+    SqliteRegistry store(file());
+    ScopedService<RegistryBackend> scope(store);
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("before"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("before"));
+    store.begin(true);
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("inside"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("inside"));
+    store.cancel();
+    EXPECT_EQ(store.end(), REG_CANCELLED);
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("before"));
+}
+
+TEST_F(SqliteStore, AListingGivesEverySubKeyOnceInTheOrderOfMaking) {
+    SqliteRegistry store(file());
+    constexpr int kChildren = 300;
+    for (int i = 0; i < kChildren; ++i) {
+        RegHandle child = 0;
+        ASSERT_EQ(store.createKey(HKEY_CURRENT_USER, QStringLiteral("P\\Kind%1").arg(i), &child),
+                  REG_SUCCESS);
+        store.closeKey(child);
+    }
+    RegHandle key = 0;
+    ASSERT_EQ(store.openKey(HKEY_CURRENT_USER, QStringLiteral("p"), &key), REG_SUCCESS);
+    QString name;
+    for (int i = 0; i < kChildren; ++i) {
+        ASSERT_EQ(store.enumKey(key, static_cast<quint32>(i), &name), REG_SUCCESS);
+        EXPECT_EQ(name, QStringLiteral("Kind%1").arg(i));
+    }
+    EXPECT_EQ(store.enumKey(key, kChildren, &name), REG_NO_MORE_ITEMS);
+    // A change of the keys by this connection is seen by a listing under way.
+    ASSERT_EQ(store.deleteKey(HKEY_CURRENT_USER, QStringLiteral("P\\Kind0")), REG_SUCCESS);
+    ASSERT_EQ(store.enumKey(key, 0, &name), REG_SUCCESS);
+    EXPECT_EQ(name, QStringLiteral("Kind1"));
+    ASSERT_EQ(store.deleteKey(HKEY_CURRENT_USER, QStringLiteral("P\\Kind1")), REG_SUCCESS);
+    ASSERT_EQ(store.enumKey(key, 1, &name), REG_SUCCESS);
+    EXPECT_EQ(name, QStringLiteral("Kind3"));
+    EXPECT_EQ(store.enumKey(key, kChildren - 2, &name), REG_NO_MORE_ITEMS);
+    store.closeKey(key);
+    EXPECT_EQ(store.enumKey(key, 0, &name), REG_INVALID_HANDLE);
+    {
+        ScopedService<RegistryBackend> scope(store);
+        EXPECT_EQ(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("P")), REG_SUCCESS);
+    }
+    EXPECT_EQ(store.openKey(HKEY_CURRENT_USER, QStringLiteral("P"), &key), REG_FILE_NOT_FOUND);
+}
+
+// --- a store that another connection holds busy ----------------------------------------
+
+// Another program has just made the file and holds it while it is opened here: with a
+// write lock taken (SQLite's own wait covers it) or reserved (the switch to WAL meets it
+// without SQLite's wait).
+class OpeningABusyFile : public SqliteStore, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(OpeningABusyFile, WaitsUntilItIsFreeAndLosesNoWrite) {
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(QFile::encodeName(file()).constData(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, GetParam(), nullptr, nullptr, nullptr), SQLITE_OK);
+    const int errorsBefore = storeErrorLines();
+    SqliteRegistry store(file());
+    QList<int> waits;
+    store.setBusyWait(10000, [&](int ms) {
+        waits << ms;
+        if (waits.size() == 4) {
+            sqlite3_exec(other, "COMMIT", nullptr, nullptr, nullptr);
+        }
+    });
+    ScopedService<RegistryBackend> scope(store);
+    RegSet(kProgram, kShared, QStringLiteral("first"), QStringLiteral("kept"));
+    sqlite3_close(other);
+    EXPECT_EQ(waits.size(), 4);
+    EXPECT_EQ(get(kShared, QStringLiteral("first")), QStringLiteral("kept"));
+    EXPECT_EQ(storeErrorLines(), errorsBefore) << errorLog().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(Locks, OpeningABusyFile,
+                         ::testing::Values("BEGIN EXCLUSIVE", "BEGIN IMMEDIATE"),
+                         [](const auto& info) {
+                             return std::string(info.index == 0 ? "Exclusive" : "Reserved");
+                         });
+
+TEST_F(SqliteStore, AWriteWaitsForAnotherWriterAndTheLastWriterWins) {
+    SqliteRegistry holder(file());
+    SqliteRegistry store(file());
+    {
+        ScopedService<RegistryBackend> scope(store);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("old"));
+    }
+    const int errorsBefore = storeErrorLines();
+    holder.begin(true);
+    RegHandle key = 0;
+    ASSERT_EQ(holder.createKey(HKEY_CURRENT_USER,
+                               QStringLiteral("Software\\Haldrake\\Prog\\Shared"), &key),
+              REG_SUCCESS);
+    ASSERT_EQ(holder.setValue(key, QStringLiteral("v"), "holder"), REG_SUCCESS);
+    ASSERT_EQ(holder.setValue(key, QStringLiteral("w"), "holder"), REG_SUCCESS);
+    holder.closeKey(key);
+
+    QList<int> waits;
+    store.setBusyWait(10000, [&](int ms) {
+        waits << ms;
+        if (waits.size() == 3) {
+            EXPECT_EQ(holder.end(), REG_SUCCESS);
+        }
+    });
+    ScopedService<RegistryBackend> scope(store);
+    // A read does not wait for a writer: it sees the last committed state.
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("old"));
+    EXPECT_TRUE(waits.isEmpty());
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("store"));
+    EXPECT_EQ(waits.size(), 3);
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("store"));
+    EXPECT_EQ(get(kShared, QStringLiteral("w")), QStringLiteral("holder"));
+    EXPECT_EQ(storeErrorLines(), errorsBefore) << errorLog().toStdString();
+}
+
+TEST_F(SqliteStore, AStoreBusyPastTheBoundFailsTheWriteWholeAndSaysSoOnce) {
+    SqliteRegistry holder(file());
+    SqliteRegistry store(file());
+    {
+        ScopedService<RegistryBackend> scope(store);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("old"));
+    }
+    const int errorsBefore = storeErrorLines();
+    holder.begin(true);
+    QList<int> waits;
+    store.setBusyWait(250, [&](int ms) { waits << ms; });
+    {
+        ScopedService<RegistryBackend> scope(store);
+        RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("lost"));
+        int total = 0;
+        for (int w : waits) {
+            total += w;
+        }
+        EXPECT_EQ(total, 250) << "waits up to the bound and no longer";
+        EXPECT_GT(waits.size(), 5) << "in growing steps";
+        RegSet(kProgram, kNewKey, QStringLiteral("v"), QStringLiteral("lost"));
+        EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("old"));
+    }
+    EXPECT_EQ(storeErrorLines(), errorsBefore + 1);
+    EXPECT_TRUE(errorLog().contains(QStringLiteral("stayed busy for 250 ms")))
+        << errorLog().toStdString();
+    EXPECT_EQ(holder.end(), REG_SUCCESS);
+
+    // The connection is not given up: once the store is free, writes take effect again.
+    ScopedService<RegistryBackend> scope(store);
+    EXPECT_EQ(get(kNewKey, QStringLiteral("v")), QStringLiteral("<none>"));
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("new"));
+    EXPECT_EQ(get(kShared, QStringLiteral("v")), QStringLiteral("new"));
+}
+
 // --- damaged and unreadable files -----------------------------------------------------
 
 struct DamageCase {
     const char* name;
     std::function<void(const QString& file)> damage;
+    bool deniesAccess = false;  // the file may not be opened by this user
 };
+
+// What there is at the place of the store: the bytes of a file, the entries of a folder, or
+// for a file that may not be read its size, time and permissions.
+QByteArray stateOf(const QString& file) {
+    const QFileInfo info(file);
+    if (info.isDir()) {
+        return "folder: " +
+               QDir(file).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(u' ').toUtf8();
+    }
+    QFile f(file);
+    if (!f.open(QIODevice::ReadOnly)) {
+        return "closed file: " + QByteArray::number(info.size()) + ' ' +
+               QByteArray::number(info.lastModified().toMSecsSinceEpoch()) + ' ' +
+               QByteArray::number(static_cast<int>(info.permissions()));
+    }
+    return f.readAll();
+}
+
+// A store made and closed, with enough values to fill several pages.
+void makeStore(const QString& file) {
+    SqliteRegistry store(file);
+    ScopedService<RegistryBackend> scope(store);
+    for (int i = 0; i < 200; ++i) {
+        RegSet(kProgram, kShared + QString::number(i % 10), QStringLiteral("v%1").arg(i),
+               QString(100, QChar(u'a' + i % 26)));
+    }
+    RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("x"));
+}
+
+// Takes the rights to pass over file permissions from this thread, which runs the test: the
+// way a test running as root meets a file it may not open.
+bool dropFileRights() {
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct data[2]{};
+    if (syscall(SYS_capget, &header, data) != 0) {
+        return false;
+    }
+    for (const int right : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH}) {
+        data[0].effective &= ~(1u << right);
+        data[0].permitted &= ~(1u << right);
+    }
+    return syscall(SYS_capset, &header, data) == 0;
+}
+
+constexpr char kWithoutFileRights[] = "VORELLE_STORE_TEST_WITHOUT_FILE_RIGHTS";
 
 class DamagedStore : public SqliteStore, public ::testing::WithParamInterface<DamageCase> {};
 
-TEST_P(DamagedStore, ReadsGiveTheDefaultWritesFailSilentlyReportedOnce) {
+TEST_P(DamagedStore, ReadsGiveTheDefaultWritesLeaveTheFileAsItWasReportedOnce) {
+    if (GetParam().deniesAccess && geteuid() == 0) {
+        if (!qEnvironmentVariableIsSet(kWithoutFileRights)) {
+            // Root passes over file permissions: the case runs in a copy of this program
+            // that gives up that right first.
+            const auto* test = ::testing::UnitTest::GetInstance()->current_test_info();
+            QProcess child;
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.insert(QString::fromLatin1(kWithoutFileRights), QStringLiteral("1"));
+            child.setProcessEnvironment(env);
+            child.start(QCoreApplication::applicationFilePath(),
+                        {QStringLiteral("--gtest_filter=%1.%2")
+                             .arg(QString::fromLatin1(test->test_suite_name()),
+                                  QString::fromLatin1(test->name()))});
+            ASSERT_TRUE(child.waitForFinished(60000));
+            const QByteArray out = child.readAllStandardOutput();
+            EXPECT_EQ(child.exitCode(), 0) << out.toStdString();
+            if (out.contains("[  SKIPPED ] 1 test")) {
+                GTEST_SKIP() << "runs as root, and the right to pass over file permissions "
+                                "cannot be given up here";
+            }
+            EXPECT_TRUE(out.contains("[  PASSED  ] 1 test")) << out.toStdString();
+            return;
+        }
+        if (!dropFileRights()) {
+            GTEST_SKIP() << "the right to pass over file permissions cannot be given up";
+        }
+    }
     GetParam().damage(file());
-    const int before = storeErrorLines();
+    const QByteArray before = stateOf(file());
+    const int errorsBefore = storeErrorLines();
     {
         SqliteRegistry store(file());
         ScopedService<RegistryBackend> scope(store);
         for (int i = 0; i < 3; ++i) {
             EXPECT_EQ(get(kShared, QStringLiteral("v"), QStringLiteral("dflt")),
                       QStringLiteral("dflt"));
-            RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("x"));
+            RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("new"));
+            RegSet(kProgram, kNewKey, QStringLiteral("v"), QStringLiteral("new"));
             RegSetApp(kShared, QStringLiteral("v"), QString());
             EXPECT_NE(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("Software")), REG_SUCCESS);
         }
         EXPECT_EQ(get(kShared, QStringLiteral("v"), QStringLiteral("dflt")),
                   QStringLiteral("dflt"));
+        EXPECT_EQ(get(kNewKey, QStringLiteral("v"), QStringLiteral("dflt")),
+                  QStringLiteral("dflt"));
     }
-    EXPECT_EQ(storeErrorLines(), before + 1) << errorLog().toStdString();
+    EXPECT_TRUE(stateOf(file()) == before) << "the file was changed";
+    EXPECT_EQ(storeErrorLines(), errorsBefore + 1) << errorLog().toStdString();
+    EXPECT_TRUE(errorLog().contains(QDir::toNativeSeparators(file()))) << "names the file";
 }
 
 void writeBytes(const QString& file, const QByteArray& bytes) {
@@ -161,136 +469,64 @@ void writeBytes(const QString& file, const QByteArray& bytes) {
     f.write(bytes);
 }
 
+// Keeps the first bytes of a file.
+void cutTo(const QString& file, qint64 size) {
+    QFile f(file);
+    ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+    ASSERT_GT(f.size(), size);
+    ASSERT_TRUE(f.resize(size));
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Files, DamagedStore,
-    ::testing::Values(
-        DamageCase{"NotADatabase",
-                   [](const QString& file) {
-                       writeBytes(file, QByteArray(8192, 'Z') + "this is no database");
-                   }},
-        DamageCase{"AFolderInItsPlace", [](const QString& file) { QDir().mkpath(file); }},
-        DamageCase{"TruncatedHeader",
-                   [](const QString& file) {
-                       {
-                           SqliteRegistry store(file);
-                           ScopedService<RegistryBackend> scope(store);
-                           RegSet(kProgram, kShared, QStringLiteral("v"), QStringLiteral("x"));
-                       }
-                       QFile::remove(file + QStringLiteral("-wal"));
-                       QFile::remove(file + QStringLiteral("-shm"));
-                       QFile f(file);
-                       ASSERT_TRUE(f.open(QIODevice::ReadWrite));
-                       f.seek(0);
-                       f.write(QByteArray(100, '\xFF'));
-                   }}),
+    ::testing::Values(DamageCase{"NotADatabase",
+                                 [](const QString& file) {
+                                     writeBytes(file,
+                                                QByteArray(8192, 'Z') + "this is no database");
+                                 }},
+                      DamageCase{"RandomBytes",
+                                 [](const QString& file) {
+                                     std::mt19937 random(7);
+                                     QByteArray bytes(16384, '\0');
+                                     for (char& b : bytes) {
+                                         b = static_cast<char>(random());
+                                     }
+                                     writeBytes(file, bytes);
+                                 }},
+                      DamageCase{"AFolderInItsPlace",
+                                 [](const QString& file) { QDir().mkpath(file); }},
+                      DamageCase{"HeaderOverwritten",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     QFile f(file);
+                                     ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+                                     f.write(QByteArray(100, '\xFF'));
+                                 }},
+                      DamageCase{"TruncatedToHalf",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     cutTo(file, QFileInfo(file).size() / 2);
+                                 }},
+                      DamageCase{"TruncatedInTheHeader",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     cutTo(file, 60);
+                                 }},
+                      DamageCase{"TablesOverwritten",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     QFile f(file);
+                                     ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+                                     f.seek(100);  // the header stays, the table of tables goes
+                                     f.write(QByteArray(3996, '\x5A'));
+                                 }},
+                      DamageCase{"NoPermission",
+                                 [](const QString& file) {
+                                     makeStore(file);
+                                     ASSERT_TRUE(QFile::setPermissions(file, QFile::Permissions()));
+                                 },
+                                 true}),
     [](const auto& info) { return std::string(info.param.name); });
-
-// --- several processes ----------------------------------------------------------------
-//
-// The test program starts copies of itself that run only the Writer test below; its
-// environment names the store file, the writer's name and how many values it writes.
-
-constexpr char kChildFile[] = "VORELLE_STORE_CHILD_FILE";
-constexpr char kChildName[] = "VORELLE_STORE_CHILD_NAME";
-constexpr char kChildCount[] = "VORELLE_STORE_CHILD_COUNT";
-
-QString sharedValue(const QString& writer, int i) {
-    return writer + u':' + QString::number(i) + u':' + QString(64, QChar(u'a' + i % 26));
-}
-
-TEST(StoreChild, Writer) {
-    const QString file = qEnvironmentVariable(kChildFile);
-    if (file.isEmpty()) {
-        GTEST_SKIP() << "runs only as a child of the store tests";
-    }
-    const QString name = qEnvironmentVariable(kChildName);
-    const int count = qEnvironmentVariableIntValue(kChildCount);
-    SqliteRegistry store(file);
-    ScopedService<RegistryBackend> scope(store);
-    for (int i = 0; i < count; ++i) {
-        // The same names for every writer, and names of its own.
-        RegSet(kProgram, kShared, QStringLiteral("k%1").arg(i % 50), sharedValue(name, i));
-        RegSet(kProgram, name, QStringLiteral("own%1").arg(i), sharedValue(name, i));
-        std::printf("done %d\n", i);
-        std::fflush(stdout);
-    }
-}
-
-class ChildWriters : public SqliteStore {
-protected:
-    std::unique_ptr<QProcess> start(const QString& name, int count) {
-        auto child = std::make_unique<QProcess>();
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert(QString::fromLatin1(kChildFile), file());
-        env.insert(QString::fromLatin1(kChildName), name);
-        env.insert(QString::fromLatin1(kChildCount), QString::number(count));
-        child->setProcessEnvironment(env);
-        child->setProcessChannelMode(QProcess::SeparateChannels);
-        child->start(QCoreApplication::applicationFilePath(),
-                     {QStringLiteral("--gtest_filter=StoreChild.Writer")});
-        EXPECT_TRUE(child->waitForStarted(30000));
-        return child;
-    }
-};
-
-TEST_F(ChildWriters, TwoProcessesWriteTheSameKeysAtOnce) {
-    constexpr int kCount = 300;
-    const int errorsBefore = storeErrorLines();
-    auto a = start(QStringLiteral("A"), kCount);
-    auto b = start(QStringLiteral("B"), kCount);
-    for (QProcess* child : {a.get(), b.get()}) {
-        ASSERT_TRUE(child->waitForFinished(120000));
-        EXPECT_EQ(child->exitStatus(), QProcess::NormalExit);
-        EXPECT_EQ(child->exitCode(), 0) << child->readAllStandardError().toStdString();
-    }
-    SqliteRegistry store(file());
-    ScopedService<RegistryBackend> scope(store);
-    for (int i = 0; i < kCount; ++i) {
-        EXPECT_EQ(get(QStringLiteral("A"), QStringLiteral("own%1").arg(i)), sharedValue("A", i));
-        EXPECT_EQ(get(QStringLiteral("B"), QStringLiteral("own%1").arg(i)), sharedValue("B", i));
-    }
-    // Each shared name holds the last value one of the writers gave it, whole.
-    for (int k = 0; k < 50; ++k) {
-        const QString value = get(kShared, QStringLiteral("k%1").arg(k));
-        const int last = kCount - 50 + k;
-        EXPECT_TRUE(value == sharedValue("A", last) || value == sharedValue("B", last))
-            << value.toStdString();
-    }
-    EXPECT_EQ(storeErrorLines(), errorsBefore);
-}
-
-TEST_F(ChildWriters, AWriterKilledMidStreamLosesNothingItFinished) {
-    const int errorsBefore = storeErrorLines();
-    auto child = start(QStringLiteral("K"), 1000000);
-    int finished = -1;
-    QByteArray pending;
-    while (finished < 150) {
-        ASSERT_TRUE(child->waitForReadyRead(60000)) << "the writer stopped early";
-        pending += child->readAllStandardOutput();
-        qsizetype end = 0;
-        while ((end = pending.indexOf('\n')) >= 0) {
-            const QByteArray line = pending.left(end);
-            pending.remove(0, end + 1);
-            if (line.startsWith("done ")) {
-                finished = line.mid(5).toInt();
-            }
-        }
-    }
-    child->kill();  // SIGKILL, in the middle of the stream
-    ASSERT_TRUE(child->waitForFinished(30000));
-    EXPECT_EQ(child->exitStatus(), QProcess::CrashExit);
-
-    SqliteRegistry store(file());
-    ScopedService<RegistryBackend> scope(store);
-    for (int i = 0; i <= finished; ++i) {
-        ASSERT_EQ(get(QStringLiteral("K"), QStringLiteral("own%1").arg(i)), sharedValue("K", i))
-            << "value " << i << " of " << finished;
-    }
-    // The store takes new writes after the crash.
-    RegSet(kProgram, kShared, QStringLiteral("after"), QStringLiteral("crash"));
-    EXPECT_EQ(get(kShared, QStringLiteral("after")), QStringLiteral("crash"));
-    EXPECT_EQ(storeErrorLines(), errorsBefore);
-}
 
 }  // namespace
 }  // namespace vorelle::test
