@@ -9,13 +9,13 @@
 #include <QSet>
 #include <QUiLoader>
 
-#include "host/frame/ControlBase.h"
-#include "host/frame/ControlRegistry.h"
 #include "host/form/Form.h"
-#include "host/frame/PropertyBag.h"
 #include "host/form/UiDocument.h"
 #include "host/form/UiSource.h"
 #include "host/form/UiValue.h"
+#include "host/frame/ControlBase.h"
+#include "host/frame/ControlRegistry.h"
+#include "host/frame/PropertyBag.h"
 
 namespace vorelle {
 
@@ -36,17 +36,29 @@ QString bareName(QString name) {
     return name;
 }
 
-// The registered control class for a class or type name, or nullptr.
-const QMetaObject* controlClass(const QString& name) {
-    const QString bare = bareName(name);
-    for (const QMetaObject* meta : ControlRegistry::classes()) {
-        if (bareName(QString::fromLatin1(meta->className())) == bare ||
-            ControlBase::classInfo(meta, "TypeName") == bare) {
-            return meta;
+// The registered control classes by class and type name, taken from the registry once
+// for a whole load or save.
+class ControlClasses {
+public:
+    ControlClasses() {
+        // In registration order, a class name before its type name: the first class
+        // answering to a name wins.
+        for (const QMetaObject* meta : ControlRegistry::classes()) {
+            for (const QString& key : {bareName(QString::fromLatin1(meta->className())),
+                                       ControlBase::classInfo(meta, "TypeName")}) {
+                if (!byName_.contains(key)) {
+                    byName_.insert(key, meta);
+                }
+            }
         }
     }
-    return nullptr;
-}
+
+    // The registered control class for a class or type name, or nullptr.
+    const QMetaObject* find(const QString& name) const { return byName_.value(bareName(name)); }
+
+private:
+    QHash<QString, const QMetaObject*> byName_;
+};
 
 QMetaProperty findProperty(const QMetaObject* meta, const QString& name) {
     if (meta) {
@@ -92,8 +104,11 @@ struct ControlPlan {
 // Checks the structure of a document and gathers its controls.
 class Checker {
 public:
-    Checker(const UiDocument& doc, QList<ControlPlan>& controls)
-        : file_(doc.file), controls_(controls), qtClasses_(QUiLoader().availableWidgets()) {
+    Checker(const UiDocument& doc, const ControlClasses& classes, QList<ControlPlan>& controls)
+        : file_(doc.file),
+          classes_(classes),
+          controls_(controls),
+          qtClasses_(QUiLoader().availableWidgets()) {
         qtClasses_.append(QStringLiteral("Line"));
     }
 
@@ -145,7 +160,7 @@ private:
         if (cls.isEmpty()) {
             fail(file_, node, QStringLiteral("damaged form file: <widget> without a class"));
         }
-        const QMetaObject* meta = top ? nullptr : controlClass(cls);
+        const QMetaObject* meta = top ? nullptr : classes_.find(cls);
         if (meta) {
             if (name.isEmpty()) {
                 fail(file_, node, QStringLiteral("control of class %1 without a name").arg(cls));
@@ -247,6 +262,7 @@ private:
     }
 
     const QString& file_;
+    const ControlClasses& classes_;
     QList<ControlPlan>& controls_;
     QStringList qtClasses_;
     QSet<QString> names_;
@@ -254,12 +270,12 @@ private:
 
 // The document Qt's loader builds from: the controls lose their properties, which
 // they read themselves at their start-up.
-void stripControls(UiNode& node) {
-    if (node.tag == kWidget && controlClass(node.attribute(kClass))) {
+void stripControls(UiNode& node, const ControlClasses& classes) {
+    if (node.tag == kWidget && classes.find(node.attribute(kClass))) {
         std::erase_if(node.children, [](const UiNode& c) { return c.tag == kProperty; });
     }
     for (UiNode& c : node.children) {
-        stripControls(c);
+        stripControls(c, classes);
     }
 }
 
@@ -366,11 +382,12 @@ private:
 // Builds and starts; throws UiFileError.
 void build(Form& form, const UiDocument& doc, const FormLoader::Options& options) {
     QList<ControlPlan> controls;
-    const UiNode& top = Checker(doc, controls).check(doc.root);
+    const ControlClasses classes;
+    const UiNode& top = Checker(doc, classes, controls).check(doc.root);
 
     const QList<FormProperty> ownProperties = formProperties(form, top, doc.file);
     UiDocument stripped = doc;
-    stripControls(stripped.root);
+    stripControls(stripped.root, classes);
     std::erase_if(stripped.root.child(kWidget)->children, [&](const UiNode& c) {
         return c.tag == kProperty &&
                std::any_of(ownProperties.begin(), ownProperties.end(), [&](const FormProperty& p) {
@@ -468,7 +485,7 @@ public:
             return;  // gone at run time: written as it was loaded
         }
         auto* control = qobject_cast<ControlBase*>(live);
-        if (!top && control && controlClass(node.attribute(kClass))) {
+        if (!top && control && classes_.find(node.attribute(kClass))) {
             controlNode(node, *control, inLayout);
             return;
         }
@@ -530,6 +547,7 @@ private:
     }
 
     const Form& form_;
+    const ControlClasses classes_;
 };
 
 // A document for a form that was built in code: its widgets by class, name and geometry.
