@@ -116,10 +116,16 @@ void Form::setHeight(qint32 twips) {
 }
 
 qint32 Form::ScaleWidth() const {
-    return PixelsToTwips(width());
+    return scaleMode_ == 3 ? width() : PixelsToTwips(width());
 }
 qint32 Form::ScaleHeight() const {
-    return PixelsToTwips(height());
+    return scaleMode_ == 3 ? height() : PixelsToTwips(height());
+}
+
+void Form::setScaleMode(int mode) {
+    if (mode == 1 || mode == 3) {
+        scaleMode_ = mode;
+    }
 }
 
 int Form::WindowState() const {

@@ -40,6 +40,9 @@ class VORELLE_EXPORT Form : public QWidget {
     Q_PROPERTY(bool KeyPreview READ KeyPreview WRITE setKeyPreview)
     Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(bool AutoRedraw READ AutoRedraw WRITE setAutoRedraw)
+    Q_PROPERTY(int ScaleMode READ ScaleMode WRITE setScaleMode)
+    Q_PROPERTY(qint32 hdc READ hdc)
+    Q_PROPERTY(bool HasDC READ HasDC)
 
 public:
     explicit Form(QWidget* parent = nullptr);
@@ -57,8 +60,20 @@ public:
     void setWidth(qint32 twips);
     qint32 Height() const;
     void setHeight(qint32 twips);
+    /// Inner width in the unit of ScaleMode (twips, or pixels under ScaleMode 3).
     qint32 ScaleWidth() const;
+    /// Inner height in the unit of ScaleMode.
     qint32 ScaleHeight() const;
+    /// The unit of ScaleWidth and ScaleHeight: 1 twips (the default), 3 pixels. Other
+    /// values are refused and leave the mode as it was.
+    int ScaleMode() const { return scaleMode_; }
+    /// Sets the unit of ScaleWidth and ScaleHeight (1 or 3).
+    void setScaleMode(int mode);
+    /// The device context of the form's surface: its window handle, which the gradient
+    /// service maps back to surface().
+    qint32 hdc() const { return hWnd(); }
+    /// A form always has a drawing surface.
+    bool HasDC() const { return true; }
     // 0 normal, 1 minimized, 2 maximized.
     int WindowState() const;
     void setWindowStateProperty(int state);
@@ -139,6 +154,7 @@ private:
     bool loadRan_ = false;
     bool keyPreview_ = false;
     bool autoRedraw_ = false;
+    int scaleMode_ = 1;
 };
 
 }  // namespace vorelle
