@@ -241,6 +241,12 @@ void Form::paintEvent(QPaintEvent* event) {
     }
 }
 
+void Form::callRoutine(const char* name, QVariantList& args) {
+    if (!manager_) {
+        LateCall(this, name, args);
+    }
+}
+
 void Form::runLoad() {
     if (loadRan_) {
         return;
@@ -250,7 +256,8 @@ void Form::runLoad() {
         formList().append(this);
     }
     emit Load();
-    LateCall(this, "Form_Load2");
+    QVariantList none;
+    callRoutine("Form_Load2", none);
 }
 
 void Form::setVisible(bool visible) {
@@ -277,10 +284,12 @@ void Form::changeEvent(QEvent* event) {
             active_ = active;
             if (active) {
                 emit Activate();
-                LateCall(this, "Form_Activate2");
+                QVariantList none;
+                callRoutine("Form_Activate2", none);
             } else {
                 emit Deactivate();
-                LateCall(this, "Form_Deactivate2");
+                QVariantList none;
+                callRoutine("Form_Deactivate2", none);
             }
         }
     }
@@ -291,7 +300,7 @@ void Form::closeEvent(QCloseEvent* event) {
     const int mode = unloadMode_;
     emit QueryUnload(cancel, mode);
     QVariantList args{cancel, mode};
-    LateCall(this, "Form_QueryUnload2", args);
+    callRoutine("Form_QueryUnload2", args);
     cancel = args.value(0).toInt();
     if (cancel == 0) {
         emit Unload(cancel);
@@ -323,14 +332,15 @@ bool Form::raiseKeyDown(QKeyEvent* event) {
     const int shift = ShiftFromModifiers(event->modifiers());
     emit KeyDown(keyCode, shift);
     QVariantList args{keyCode, shift};
-    LateCall(this, "Form_KeyDown2", args);
+    callRoutine("Form_KeyDown2", args);
     return keyCode != 0 && args.value(0).toInt() != 0;
 }
 
 void Form::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     emit Resize();
-    LateCall(this, "Form_Resize2");
+    QVariantList none;
+    callRoutine("Form_Resize2", none);
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
@@ -366,7 +376,8 @@ void Form::mousePressEvent(QMouseEvent* event) {
     const auto x = static_cast<float>(PixelsToTwips(qRound(event->position().x())));
     const auto y = static_cast<float>(PixelsToTwips(qRound(event->position().y())));
     emit MouseDown(button, shift, x, y);
-    LateCall(this, "Form_MouseDown2", {button, shift, x, y});
+    QVariantList args{button, shift, x, y};
+    callRoutine("Form_MouseDown2", args);
     QWidget::mousePressEvent(event);
 }
 

@@ -2,10 +2,12 @@
 
 #include <QImage>
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
 #include "foundation/Export.h"
+#include "host/platform/DrawingSurface.h"
 
 namespace vorelle {
 
@@ -22,7 +24,7 @@ namespace vorelle {
 // Sizes and places are twips. Load runs once, at the first show (or earlier by runLoad).
 // A form is in the list of loaded forms from its creation until it is unloaded (closed
 // without Cancel) or destroyed.
-class VORELLE_EXPORT Form : public QWidget {
+class VORELLE_EXPORT Form : public QWidget, public DrawingSurface {
     Q_OBJECT
     Q_PROPERTY(QString Name READ Name WRITE setName)
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
@@ -99,7 +101,16 @@ public:
     void setAutoRedraw(bool on) { autoRedraw_ = on; }
     // The persistent drawing of the form (gradients, caption effects), the size of the
     // form's client area; drawn under the controls. update() after drawing.
-    QImage& surface();
+    QImage& surface() override;
+    /// Repaints the form with its surface.
+    void surfaceChanged() override { update(); }
+
+    /// The control that manages the form's life (its FormWizard1 once bound), or nullptr.
+    /// While a manager is set, the form leaves its optional Form_...2 routines to it and
+    /// calls none of them itself.
+    QObject* manager() const { return manager_; }
+    /// Sets or clears (nullptr) the managing control.
+    void setManager(QObject* manager) { manager_ = manager; }
 
     // The controls of the form, flat and in collection order, controls inside
     // containers included.
@@ -144,7 +155,11 @@ private:
     // KeyDown and Form_KeyDown2; false when a handler set KeyCode to 0.
     bool raiseKeyDown(QKeyEvent* event);
 
+    // Calls the form's own optional routine unless a manager calls it.
+    void callRoutine(const char* name, QVariantList& args);
+
     QImage surface_;
+    QPointer<QObject> manager_;
     const QEvent* previewed_ = nullptr;
     int borderStyle_ = 2;
     int unloadMode_ = 0;

@@ -7,6 +7,7 @@
 #include "foundation/LateBinding.h"
 #include "foundation/program.h"
 #include "host/form/Form.h"
+#include "host/platform/DrawingSurface.h"
 #include "host/hooks/WindowHandle.h"
 #include "host/platform/StatusText.h"
 
@@ -75,11 +76,11 @@ SurfaceGradientFill& systemFill() {
 
 int SurfaceGradientFill::fill(qint32 hdc, const QList<GradientVertex>& vertices,
                               GradientFillMode mode) {
-    auto* form = qobject_cast<Form*>(WidgetOfHwnd(hdc));
-    if (!form || vertices.size() != 4) {
+    auto* target = dynamic_cast<DrawingSurface*>(WidgetOfHwnd(hdc));
+    if (!target || vertices.size() != 4) {
         return 1;
     }
-    QImage& image = form->surface();
+    QImage& image = target->surface();
     if (image.isNull()) {
         return kOutOfResources;
     }
@@ -91,7 +92,7 @@ int SurfaceGradientFill::fill(qint32 hdc, const QList<GradientVertex>& vertices,
             paintRectangle(p, vertices[0], vertices[2], mode == GRADIENT_FILL_RECT_H);
         }
     }
-    form->update();
+    target->surfaceChanged();
     return 0;
 }
 
