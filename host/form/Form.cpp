@@ -156,10 +156,16 @@ void Form::setHeight(qint32 twips) {
 }
 
 qint32 Form::ScaleWidth() const {
-    return PixelsToTwips(width());
+    return d->scaleMode == 3 ? width() : PixelsToTwips(width());
 }
 qint32 Form::ScaleHeight() const {
-    return PixelsToTwips(height());
+    return d->scaleMode == 3 ? height() : PixelsToTwips(height());
+}
+
+void Form::setScaleMode(int mode) {
+    if (mode == 1 || mode == 3) {
+        d->scaleMode = mode;
+    }
 }
 
 int Form::WindowState() const {
@@ -275,6 +281,24 @@ void Form::paintEvent(QPaintEvent* event) {
     }
 }
 
+void Form::callRoutine(const char* name, QVariantList& args) {
+    if (!d->manager) {
+        LateCallByRef(this, name, args);
+    }
+}
+
+QObject* Form::manager() const {
+    return d->manager;
+}
+
+void Form::setManager(QObject* manager) {
+    d->manager = manager;
+}
+
+int Form::ScaleMode() const {
+    return d->scaleMode;
+}
+
 void Form::runLoad() {
     if (d->loadRan) {
         return;
@@ -286,7 +310,8 @@ void Form::runLoad() {
     const QPointer<Form> self(this);
     emit Load();
     if (self) {
-        LateCall(this, "Form_Load2");
+        QVariantList none;
+        callRoutine("Form_Load2", none);
     }
 }
 
@@ -317,12 +342,14 @@ void Form::changeEvent(QEvent* event) {
             if (active) {
                 emit Activate();
                 if (self) {
-                    LateCall(this, "Form_Activate2");
+                    QVariantList none;
+                    callRoutine("Form_Activate2", none);
                 }
             } else {
                 emit Deactivate();
                 if (self) {
-                    LateCall(this, "Form_Deactivate2");
+                    QVariantList none;
+                    callRoutine("Form_Deactivate2", none);
                 }
             }
         }
@@ -340,7 +367,7 @@ void Form::closeEvent(QCloseEvent* event) {
         return;
     }
     QVariantList args{cancel, mode};
-    LateCallByRef(this, "Form_QueryUnload2", args);
+    callRoutine("Form_QueryUnload2", args);
     if (!self) {
         return;
     }
@@ -388,14 +415,15 @@ bool Form::raiseKeyDown(QKeyEvent* event) {
         return false;
     }
     QVariantList args{keyCode, shift};
-    LateCallByRef(this, "Form_KeyDown2", args);
+    callRoutine("Form_KeyDown2", args);
     return self && keyCode != 0 && args.value(0).toInt() != 0;
 }
 
 void Form::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     emit Resize();
-    LateCall(this, "Form_Resize2");
+    QVariantList none;
+    callRoutine("Form_Resize2", none);
 }
 
 void Form::keyPressEvent(QKeyEvent* event) {
@@ -434,7 +462,8 @@ void Form::mousePressEvent(QMouseEvent* event) {
     const QPointer<Form> self(this);
     emit MouseDown(button, shift, x, y);
     if (self) {
-        LateCall(this, "Form_MouseDown2", {button, shift, x, y});
+        QVariantList args{button, shift, x, y};
+        callRoutine("Form_MouseDown2", args);
     }
     if (self) {
         QWidget::mousePressEvent(event);

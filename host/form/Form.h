@@ -2,11 +2,13 @@
 
 #include <QImage>
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <memory>
 
 #include "foundation/Export.h"
+#include "host/platform/DrawingSurface.h"
 
 namespace vorelle {
 
@@ -25,7 +27,7 @@ class FormPrivate;
 // Sizes and places are twips. Load runs once, at the first show (or earlier by runLoad).
 // A form is in the list of loaded forms from its creation until it is unloaded (closed
 // without Cancel) or destroyed.
-class VORELLE_EXPORT Form : public QWidget {
+class VORELLE_EXPORT Form : public QWidget, public DrawingSurface {
     Q_OBJECT
     Q_PROPERTY(QString Name READ Name WRITE setName)
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption)
@@ -43,6 +45,9 @@ class VORELLE_EXPORT Form : public QWidget {
     Q_PROPERTY(bool KeyPreview READ KeyPreview WRITE setKeyPreview)
     Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(bool AutoRedraw READ AutoRedraw WRITE setAutoRedraw)
+    Q_PROPERTY(int ScaleMode READ ScaleMode WRITE setScaleMode)
+    Q_PROPERTY(qint32 hdc READ hdc)
+    Q_PROPERTY(bool HasDC READ HasDC)
 
 public:
     /// Creates the form and puts it in the list of loaded forms.
@@ -75,10 +80,20 @@ public:
     qint32 Height() const;
     /// Sets the height of the window frame, in twips.
     void setHeight(qint32 twips);
-    /// Width of the client area, in twips.
+    /// Inner width in the unit of ScaleMode (twips, or pixels under ScaleMode 3).
     qint32 ScaleWidth() const;
-    /// Height of the client area, in twips.
+    /// Inner height in the unit of ScaleMode.
     qint32 ScaleHeight() const;
+    /// The unit of ScaleWidth and ScaleHeight: 1 twips (the default), 3 pixels. Other
+    /// values are refused and leave the mode as it was.
+    int ScaleMode() const;
+    /// Sets the unit of ScaleWidth and ScaleHeight (1 or 3).
+    void setScaleMode(int mode);
+    /// The device context of the form's surface: its window handle, which the gradient
+    /// service maps back to surface().
+    qint32 hdc() const { return hWnd(); }
+    /// A form always has a drawing surface.
+    bool HasDC() const { return true; }
     /// 0 normal, 1 minimized, 2 maximized.
     int WindowState() const;
     /// Sets the window state: 0 normal, 1 minimized, 2 maximized.
@@ -112,8 +127,17 @@ public:
     /// Sets whether what is drawn persists.
     void setAutoRedraw(bool on);
     /// The persistent drawing of the form (gradients, caption effects), the size of the
-    /// form's client area; drawn under the controls. update() after drawing.
-    QImage& surface();
+    /// form's client area; drawn under the controls. surfaceChanged() after drawing.
+    QImage& surface() override;
+    /// Repaints the form with its surface.
+    void surfaceChanged() override { update(); }
+
+    /// The control that manages the form's life (its FormWizard1 once bound), or nullptr.
+    /// While a manager is set, the form leaves its optional Form_...2 routines to it and
+    /// calls none of them itself.
+    QObject* manager() const;
+    /// Sets or clears (nullptr) the managing control.
+    void setManager(QObject* manager);
 
     /// The controls of the form, flat and in collection order, controls inside
     /// containers included.
@@ -180,6 +204,9 @@ private:
     // True when the key goes to the focus widget of this form first, and so was seen by
     // the preview already.
     bool previewedAtFocus() const;
+
+    // Calls the form's own optional routine unless a manager calls it.
+    void callRoutine(const char* name, QVariantList& args);
 
     std::unique_ptr<FormPrivate> d;
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QImage>
+#include <QObject>
+#include <QPointer>
 
 namespace vorelle {
 
@@ -16,6 +18,8 @@ public:
     bool loadRan = false;
     bool keyPreview = false;
     bool autoRedraw = false;
+    int scaleMode = 1;
+    QPointer<QObject> manager;
 };
 
 }  // namespace vorelle

@@ -145,12 +145,19 @@ void SystemMenuRebuild(Form* form) {
                       QStringLiteral("Reset window positions \t(Ctrl+F12)")),
              kWindowCommandPosReset, QKeySequence(Qt::CTRL | Qt::Key_F12));
     nativeRebuild(form);
+    SystemMenuCleared() = false;
+}
+
+bool& SystemMenuCleared() {
+    static bool cleared = false;
+    return cleared;
 }
 
 void SystemMenuClear(Form* form) {
     if (!form) {
         return;
     }
+    SystemMenuCleared() = true;
     for (QAction* action : SystemMenuEntries(form)) {
         form->removeAction(action);
         action->setEnabled(false);

@@ -23,6 +23,8 @@ class Form;
 VORELLE_EXPORT void SystemMenuRebuild(Form* form);
 /// Takes the window commands off the form again.
 VORELLE_EXPORT void SystemMenuClear(Form* form);
+/// Set by SystemMenuClear, cleared by SystemMenuRebuild.
+VORELLE_EXPORT bool& SystemMenuCleared();
 /// The window commands the form has now, in menu order.
 VORELLE_EXPORT QList<QAction*> SystemMenuEntries(const QWidget* form);
 /// True with two screens or more.

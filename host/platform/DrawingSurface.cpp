@@ -1,0 +1,7 @@
+#include "host/platform/DrawingSurface.h"
+
+namespace vorelle {
+
+DrawingSurface::~DrawingSurface() = default;
+
+}  // namespace vorelle

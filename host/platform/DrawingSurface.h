@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QImage>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+/// A widget with a persistent drawing (the redraw image of AutoRedraw): the gradient
+/// service paints into it and the widget shows it beneath its children. Forms and the
+/// form manager's status bar are surfaces; the surface's hdc is its window handle.
+class VORELLE_EXPORT DrawingSurface {
+public:
+    virtual ~DrawingSurface();
+    /// The image, the size of the widget's client area; a null image when it cannot be
+    /// made.
+    virtual QImage& surface() = 0;
+    /// Shows what was drawn into surface() (schedules a repaint).
+    virtual void surfaceChanged() = 0;
+};
+
+}  // namespace vorelle
