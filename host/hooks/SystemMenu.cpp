@@ -16,7 +16,9 @@
 #include "host/hooks/WindowCommandEvent.h"
 
 #ifdef _WIN32
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 
 #include <QAbstractNativeEventFilter>
