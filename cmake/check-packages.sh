@@ -10,6 +10,7 @@
 #   - the headers that compiling read (ninja -t deps),
 #   - the programs and libraries on the build's command lines (ninja -t commands: every
 #     absolute path that names a file, and each -lNAME resolved by the compiler),
+#   - the shared libraries that the built programs load (ldd),
 # maps every file outside the source and build folders to its package with dpkg -S, and
 # fails, naming the package and a file of it, when a package is neither in the list nor
 # pulled in by the list's own dependencies (apt-cache depends --recurse, no recommends).
@@ -47,6 +48,14 @@ used_files() {
         done
     # Headers read by the compiler, as the compiler reported them.
     (cd "$build" && ninja -t deps) | sed -n 's/^    \(.*\)$/\1/p'
+    # The shared libraries that the built programs and libraries load when they run.
+    local binary
+    find "$build" -path "$build/CMakeFiles" -prune -o -type f -perm -u+x -print |
+        while read -r binary; do
+            if [ "$(head -c 4 "$binary" | tr -d '\0')" = $'\x7fELF' ]; then
+                ldd "$binary" 2>/dev/null | sed -n 's/.* => \(\/[^ ]*\) (.*/\1/p'
+            fi
+        done
     # Programs and libraries named on command lines; -lNAME as the compiler finds it.
     local token
     (cd "$build" && ninja -t commands) | tr ' \t' '\n\n' | sort -u | while read -r token; do
