@@ -32,12 +32,12 @@ QString usable(const QString& folder) {
 
 }  // namespace
 
-QString LibraryFileFolder() {
+QString LibraryFilePath() {
 #ifdef _WIN32
     HMODULE module = nullptr;
     if (!GetModuleHandleExW(
             GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-            reinterpret_cast<LPCWSTR>(&LibraryFileFolder), &module)) {
+            reinterpret_cast<LPCWSTR>(&LibraryFilePath), &module)) {
         return {};
     }
     wchar_t buffer[32768];
@@ -45,15 +45,20 @@ QString LibraryFileFolder() {
     if (length == 0 || length >= 32768) {
         return {};
     }
-    return QFileInfo(QString::fromWCharArray(buffer, static_cast<int>(length))).absolutePath();
+    return QFileInfo(QString::fromWCharArray(buffer, static_cast<int>(length))).absoluteFilePath();
 #else
     Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&LibraryFileFolder), &info) == 0 ||
+    if (dladdr(reinterpret_cast<const void*>(&LibraryFilePath), &info) == 0 ||
         info.dli_fname == nullptr) {
         return {};
     }
-    return QFileInfo(QFile::decodeName(info.dli_fname)).absolutePath();
+    return QFileInfo(QFile::decodeName(info.dli_fname)).absoluteFilePath();
 #endif
+}
+
+QString LibraryFileFolder() {
+    const QString file = LibraryFilePath();
+    return file.isEmpty() ? QString() : QFileInfo(file).absolutePath();
 }
 
 QString LibraryFolder() {

@@ -12,6 +12,9 @@ namespace vorelle {
 /// platform's generic data location). The folder is created when missing. No trailing "/".
 VORELLE_EXPORT QString LibraryFolder();
 
+/// The path of the library's own file (the shared object or DLL); "" when unknown.
+VORELLE_EXPORT QString LibraryFilePath();
+
 /// The folder of the library's own file (the shared object or DLL); "" when unknown.
 VORELLE_EXPORT QString LibraryFileFolder();
 

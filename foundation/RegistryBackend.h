@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "foundation/Export.h"
+#include "foundation/WinHeaders.h"
 
 namespace vorelle {
 

@@ -17,7 +17,9 @@
 #include "host/platform/Environment.h"
 
 #ifdef _WIN32
+#ifndef NOMINMAX
 #define NOMINMAX
+#endif
 #include <windows.h>
 
 #include <QAbstractNativeEventFilter>

@@ -3,6 +3,7 @@
 #include <Qt>
 
 #include "foundation/Export.h"
+#include "foundation/WinHeaders.h"
 
 class QKeyEvent;
 

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QSet>
 #include <QUuid>
 
@@ -7,9 +8,10 @@
 #include "formwizard/FormWizard.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
+#include "foundation/MemoryRegistry.h"
 #include "foundation/RegStore.h"
-#include "host/frame/ControlRegistry.h"
 #include "host/form/Form.h"
+#include "host/frame/ControlRegistry.h"
 #include "host/frame/RecordingControl.h"
 #include "host/frame/Registration.h"
 #include "numberdate/Num.h"
@@ -107,6 +109,158 @@ TEST(Registration, TypeLibraryAndEntryPoints) {
     }
     EXPECT_EQ(DllCanUnloadNow(), kVorelleOk);
 }
+
+// --- Component registration in the store --------------------------------------------------
+
+constexpr auto kUserClasses = u"Software\\Classes";
+
+// A value of the store, or "<missing>".
+QString storeValue(quint32 root, const QString& key, const QString& name = QString()) {
+    QByteArray data;
+    if (RegistryBackend::instance().readValue(root, key, name, &data) != REG_SUCCESS) {
+        return QStringLiteral("<missing>");
+    }
+    return QString::fromLatin1(data);
+}
+
+bool keyExists(quint32 root, const QString& key) {
+    RegHandle handle = 0;
+    if (RegistryBackend::instance().openKey(root, key, &handle) != REG_SUCCESS) {
+        return false;
+    }
+    RegistryBackend::instance().closeKey(handle);
+    return true;
+}
+
+// A store that refuses every write after the first few.
+class FailingAfterRegistry : public MemoryRegistry {
+public:
+    explicit FailingAfterRegistry(int allowed) : allowed_(allowed) {}
+    long setValue(RegHandle key, const QString& name, const QByteArray& data) override {
+        if (allowed_-- <= 0) {
+            return REG_ACCESS_DENIED;
+        }
+        return MemoryRegistry::setValue(key, name, data);
+    }
+
+private:
+    int allowed_;
+};
+
+class ClassRegistrationTest : public ::testing::Test {
+protected:
+    test::ScopedMemoryStore store;
+    const QString classes = QString::fromUtf16(kUserClasses);
+    const QString server = QStringLiteral("/opt/vorelle/lib/vorelle.dll");
+    const QString serverText = QDir::toNativeSeparators(server);
+    const QString libraryKey = classes + QStringLiteral("\\TypeLib\\") + TypeLibrary().libraryId;
+};
+
+TEST_F(ClassRegistrationTest, EveryClassNamesTheServerBelowTheGivenClassesKey) {
+    ASSERT_EQ(WriteClassRegistration(HKEY_CURRENT_USER, classes, server), REG_SUCCESS);
+    const QList<ClassRegistration> all = RegisteredClasses();
+    ASSERT_GE(all.size(), 15);
+    const QString lib = TypeLibrary().libraryId;
+    for (const ClassRegistration& c : all) {
+        SCOPED_TRACE(c.className.toStdString());
+        const QString clsid = classes + QStringLiteral("\\CLSID\\") + c.classId;
+        const QString progId = QStringLiteral("Vorelle.") + c.typeName;
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, clsid), progId);
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, clsid + QStringLiteral("\\InprocServer32")),
+                  serverText);
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, clsid + QStringLiteral("\\InprocServer32"),
+                             QStringLiteral("ThreadingModel")),
+                  QStringLiteral("Apartment"));
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, clsid + QStringLiteral("\\ProgID")), progId);
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, clsid + QStringLiteral("\\TypeLib")), lib);
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, clsid + QStringLiteral("\\VERSION")),
+                  QStringLiteral("13.9"));
+        EXPECT_TRUE(keyExists(HKEY_CURRENT_USER, clsid + QStringLiteral("\\Control")));
+        EXPECT_EQ(
+            storeValue(HKEY_CURRENT_USER, classes + u'\\' + progId + QStringLiteral("\\CLSID")),
+            c.classId);
+        const QString iface = classes + QStringLiteral("\\Interface\\") + c.interfaceId;
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, iface), c.interfaceName);
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER, iface + QStringLiteral("\\TypeLib")), lib);
+        EXPECT_EQ(storeValue(HKEY_CURRENT_USER,
+                             classes + QStringLiteral("\\Interface\\") + c.eventInterfaceId),
+                  c.eventInterfaceName);
+    }
+    const QString version = libraryKey + QStringLiteral("\\13.9");
+    EXPECT_EQ(storeValue(HKEY_CURRENT_USER, version), QStringLiteral("Vorelle"));
+    EXPECT_EQ(storeValue(HKEY_CURRENT_USER,
+                         version + (sizeof(void*) == 8 ? QStringLiteral("\\1033\\win64")
+                                                       : QStringLiteral("\\1033\\win32"))),
+              serverText);
+    // The machine's classes are not touched when the user's are asked for.
+    EXPECT_FALSE(keyExists(HKEY_CLASSES_ROOT, QStringLiteral("CLSID")));
+}
+
+TEST_F(ClassRegistrationTest, RemovalTakesBackItsOwnKeysAndLeavesOthers) {
+    const QString foreignClass =
+        classes + QStringLiteral("\\CLSID\\{0000000A-0000-0000-0000-000000000000}");
+    RegSetRoot(HKEY_CURRENT_USER, foreignClass, QString(), QStringLiteral("Other.Control"));
+    ASSERT_EQ(WriteClassRegistration(HKEY_CURRENT_USER, classes, server), REG_SUCCESS);
+    // Written twice: the second write replaces the first.
+    ASSERT_EQ(WriteClassRegistration(HKEY_CURRENT_USER, classes, server), REG_SUCCESS);
+
+    EXPECT_EQ(RemoveClassRegistration(HKEY_CURRENT_USER, classes), REG_SUCCESS);
+    for (const ClassRegistration& c : RegisteredClasses()) {
+        EXPECT_FALSE(
+            keyExists(HKEY_CURRENT_USER, classes + QStringLiteral("\\CLSID\\") + c.classId));
+        EXPECT_FALSE(
+            keyExists(HKEY_CURRENT_USER, classes + QStringLiteral("\\Vorelle.") + c.typeName));
+        EXPECT_FALSE(keyExists(HKEY_CURRENT_USER,
+                               classes + QStringLiteral("\\Interface\\") + c.interfaceId));
+    }
+    EXPECT_FALSE(keyExists(HKEY_CURRENT_USER, libraryKey));
+    EXPECT_EQ(storeValue(HKEY_CURRENT_USER, foreignClass), QStringLiteral("Other.Control"));
+    // Nothing left to remove is no failure.
+    EXPECT_EQ(RemoveClassRegistration(HKEY_CURRENT_USER, classes), REG_SUCCESS);
+}
+
+TEST_F(ClassRegistrationTest, AnotherVersionOfTheTypeLibraryStays) {
+    RegSetRoot(HKEY_CURRENT_USER, libraryKey + QStringLiteral("\\12.0"), QString(),
+               QStringLiteral("Vorelle"));
+    ASSERT_EQ(WriteClassRegistration(HKEY_CURRENT_USER, classes, server), REG_SUCCESS);
+    ASSERT_EQ(RemoveClassRegistration(HKEY_CURRENT_USER, classes), REG_SUCCESS);
+    EXPECT_FALSE(keyExists(HKEY_CURRENT_USER, libraryKey + QStringLiteral("\\13.9")));
+    EXPECT_EQ(storeValue(HKEY_CURRENT_USER, libraryKey + QStringLiteral("\\12.0")),
+              QStringLiteral("Vorelle"));
+}
+
+TEST(ClassRegistrationFailure, AWriteRefusedHalfWayLeavesNoEntry) {
+    for (const int allowed : {0, 1, 40}) {
+        SCOPED_TRACE(allowed);
+        FailingAfterRegistry failing(allowed);
+        ScopedService<RegistryBackend> scope(failing);
+        const QString classes = QString::fromUtf16(kUserClasses);
+        EXPECT_EQ(WriteClassRegistration(HKEY_CURRENT_USER, classes, QStringLiteral("C:/v.dll")),
+                  REG_ACCESS_DENIED);
+        for (const QString& key : {QStringLiteral("CLSID"), QStringLiteral("Interface")}) {
+            RegHandle handle = 0;
+            if (failing.openKey(HKEY_CURRENT_USER, classes + u'\\' + key, &handle) == REG_SUCCESS) {
+                QString child;
+                EXPECT_NE(failing.enumKey(handle, 0, &child), REG_SUCCESS) << child.toStdString();
+                failing.closeKey(handle);
+            }
+        }
+        for (const ClassRegistration& c : RegisteredClasses()) {
+            EXPECT_FALSE(
+                keyExists(HKEY_CURRENT_USER, classes + QStringLiteral("\\Vorelle.") + c.typeName));
+        }
+    }
+}
+
+#ifndef _WIN32
+TEST(ClassRegistrationEntryPoints, OffWindowsTheyWriteNothing) {
+    test::ScopedMemoryStore store;
+    EXPECT_EQ(DllRegisterServer(), kVorelleOk);
+    EXPECT_FALSE(keyExists(HKEY_CLASSES_ROOT, QStringLiteral("CLSID")));
+    EXPECT_FALSE(keyExists(HKEY_CURRENT_USER, QStringLiteral("Software\\Classes")));
+    EXPECT_EQ(DllUnregisterServer(), kVorelleOk);
+}
+#endif
 
 class AboutTest : public ::testing::TestWithParam<const char*> {
 protected:
