@@ -150,7 +150,9 @@ Txt::Txt(QWidget* parent) : FormControl(parent) {
         {picDropdown_, picDropdownMouseOver_},
         {picDropdownAdd_, picDropdownAddMouseOver_},
     };
-    for (const auto& [rest, hover] : symbols) {
+    for (const auto& pair : symbols) {
+        SymbolPicture* rest = pair.first;
+        SymbolPicture* hover = pair.second;
         connect(rest, &SymbolPicture::MouseMove, this,
                 [this, rest, hover] { showHover(rest, hover); });
         connect(hover, &SymbolPicture::MouseLeave, hover, &QWidget::hide);
