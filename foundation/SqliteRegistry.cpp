@@ -253,6 +253,26 @@ public:
         return status;
     }
 
+    // A row that SQLite reads well but that the library never writes: REG_BADDB for the
+    // call, one line in error.log for the first damage; the connection stays, since the
+    // rest of the file may be sound.
+    long damagedRow(const char* what) {
+        if (failure_ == REG_SUCCESS) {
+            failure_ = REG_BADDB;
+        }
+        if (!reportedDamage_) {
+            reportedDamage_ = true;
+            const int number = ErrNumber();
+            const QString description = ErrDescription();
+            ErrRaise(static_cast<int>(REG_BADDB), QStringLiteral("The registry store failed"));
+            LogError(QStringLiteral("registry store %1: %2 failed: a damaged row")
+                         .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what)),
+                     QStringLiteral("SqliteRegistry"));
+            ErrRaise(number, description);
+        }
+        return REG_BADDB;
+    }
+
     // --- statements ---------------------------------------------------------------------
 
     // One use of a prepared statement: bound, stepped, reset at the end of the scope.
@@ -583,7 +603,13 @@ long SqliteRegistry::enumKey(RegHandle key, quint32 index, QString* name) {
     use.bind(1, id).bind(2, static_cast<sqlite3_int64>(index));
     const int rc = use.step();
     if (rc == SQLITE_ROW) {
-        *name = use.text(0);
+        // A name that is empty or holds a "\\" names no child: the row was damaged outside
+        // the library. Walking on with it would come back to the same key forever.
+        const QString child = use.text(0);
+        if (child.isEmpty() || child.contains(u'\\')) {
+            return db_->damagedRow("list keys");
+        }
+        *name = child;
         return REG_SUCCESS;
     }
     if (rc == SQLITE_DONE) {
