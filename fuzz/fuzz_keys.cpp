@@ -174,7 +174,9 @@ private:
         }
         QKeyEvent down(QEvent::KeyPress, key, mods, text);
         QApplication::sendEvent(to, &down);
-        ++g_keystrokes;
+        if (++g_keystrokes % 1000000 == 0) {
+            report();
+        }
         QKeyEvent up(QEvent::KeyRelease, key, mods, text);
         QApplication::sendEvent(to, &up);
         Keys().down.clear();
