@@ -127,6 +127,8 @@ public:
         other_->move(10, y);
         form_.show();
         QApplication::setActiveWindow(&form_);
+        // The form paints once per input, at its end, not after every keystroke.
+        form_.setUpdatesEnabled(false);
     }
 
     void run(ByteReader& in) {
@@ -149,6 +151,10 @@ public:
         while (!in.atEnd()) {
             step(in);
         }
+        form_.setUpdatesEnabled(true);
+        form_.repaint();
+        QCoreApplication::sendPostedEvents();
+        form_.setUpdatesEnabled(false);
     }
 
 private:

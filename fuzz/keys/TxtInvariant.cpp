@@ -21,13 +21,13 @@ QString show(const QString& text) {
 }  // namespace
 
 void TxtInvariant::reset() {
-    allowed_.clear();
+    allowed_.reset();
     allow(txt_->field()->text());
 }
 
 void TxtInvariant::allow(const QString& text) {
     for (const QChar c : text) {
-        allowed_.insert(c);
+        allowed_.set(c.unicode());
     }
 }
 
@@ -88,7 +88,7 @@ QString TxtInvariant::after(const Step& step) {
 
     const QString valid = txt_->ValidChars();
     for (const QChar c : text) {
-        if (allowed_.contains(c)) {
+        if (allowed_.test(c.unicode())) {
             continue;
         }
         if (c == u'|') {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QSet>
 #include <QString>
+
+#include <bitset>
 
 #include "keys/EntryKind.h"
 
@@ -33,7 +34,7 @@ private:
     QString typedCharacter(const Step& step, const QString& text) const;
 
     Txt* txt_;
-    QSet<QChar> allowed_;  // characters that came in by a way that bypasses the filter
+    std::bitset<65536> allowed_;  // characters that came in by a way that bypasses the filter
     QString textBefore_;
     int selStartBefore_ = 0;
     int selLengthBefore_ = 0;

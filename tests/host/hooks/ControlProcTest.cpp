@@ -106,8 +106,8 @@ TEST_F(ControlProc, DoubleClickByMouseSetsTheFlagForTheLastRelease) {
 }
 
 TEST_F(ControlProc, ContextMenuNeverOpens) {
-    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(5, 5));
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5));
+    QContextMenuEvent byMouse(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(5, 5));
     EXPECT_TRUE(QApplication::sendEvent(&edit, &byMouse));
     QApplication::sendEvent(&edit, &byKey);
     EXPECT_EQ(edit.contextMenus, 0);
@@ -121,7 +121,7 @@ TEST_F(ControlProc, OtherEventsAndUnhookedFieldsPassUntouched) {
 
     RecordingEdit plain;
     turnWheel(&plain, 120);
-    QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5));
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(5, 5));
     QApplication::sendEvent(&plain, &menu);
     EXPECT_EQ(plain.wheels, 1);
     EXPECT_EQ(plain.contextMenus, 1);
