@@ -421,6 +421,26 @@ public:
         return status;
     }
 
+    // A row that SQLite reads well but that the library never writes: REG_BADDB for the
+    // call, one line in error.log for the first damage; the connection stays, since the
+    // rest of the file may be sound.
+    long damagedRow(const char* what) {
+        if (failure_ == REG_SUCCESS) {
+            failure_ = REG_BADDB;
+        }
+        if (!reportedDamage_) {
+            reportedDamage_ = true;
+            const int number = ErrNumber();
+            const QString description = ErrDescription();
+            ErrRaise(static_cast<int>(REG_BADDB), QStringLiteral("The registry store failed"));
+            LogError(QStringLiteral("registry store %1: %2 failed: a damaged row")
+                         .arg(QDir::toNativeSeparators(file_), QString::fromLatin1(what)),
+                     QStringLiteral("SqliteRegistry"));
+            ErrRaise(number, description);
+        }
+        return REG_BADDB;
+    }
+
     // --- statements ---------------------------------------------------------------------
 
     // One use of a prepared statement: bound, stepped, reset at the end of the scope.
@@ -962,7 +982,14 @@ long SqliteRegistry::enumKey(RegHandle key, quint32 index, QString* name) {
                 d.children_.erase(key);
                 return d.fail(rc, "list keys");
             }
-            children.names.append(use.text(0));
+            // A name that is empty or holds a "\\" names no child: the row was damaged outside
+            // the library. Walking on with it would come back to the same key forever.
+            const QString child = use.text(0);
+            if (child.isEmpty() || child.contains(u'\\')) {
+                d.children_.erase(key);
+                return d.damagedRow("list keys");
+            }
+            children.names.append(child);
         }
         listed = d.children_.insert_or_assign(key, std::move(children)).first;
     }

@@ -1,5 +1,7 @@
 #include "foundation/Zentral.h"
 
+#include <limits>
+
 #include <charconv>
 
 #include <QCoreApplication>
@@ -690,20 +692,32 @@ QVariant RoundTo(double Value, int Digits, const QString& Mode, bool AsText) {
 namespace {
 void addToVariant(QVariant& var, int delta) {
     switch (var.typeId()) {
-        case QMetaType::Int:
-            var = var.toInt() + delta;
+        case QMetaType::Int: {
+            // Past the end of its type the value grows into the next wider one.
+            const qint64 wide = static_cast<qint64>(var.toInt()) + delta;
+            if (wide >= std::numeric_limits<int>::min() &&
+                wide <= std::numeric_limits<int>::max()) {
+                var = static_cast<int>(wide);
+            } else {
+                var = wide;
+            }
             return;
+        }
         case QMetaType::LongLong:
-            var = var.toLongLong() + delta;
-            return;
         case QMetaType::UInt:
         case QMetaType::ULongLong:
         case QMetaType::Short:
         case QMetaType::UShort:
         case QMetaType::Long:
-        case QMetaType::ULong:
-            var = var.toLongLong() + delta;
+        case QMetaType::ULong: {
+            qint64 sum = 0;
+            if (__builtin_add_overflow(var.toLongLong(), static_cast<qint64>(delta), &sum)) {
+                var = var.toDouble() + delta;
+            } else {
+                var = sum;
+            }
             return;
+        }
         case QMetaType::Double:
         case QMetaType::Float:
             var = var.toDouble() + delta;

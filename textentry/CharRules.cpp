@@ -4,10 +4,10 @@
 
 #include "foundation/Language.h"
 #include "foundation/Zentral.h"
-#include "host/platform/Environment.h"
 #include "host/form/Form.h"
-#include "host/platform/MessageBox.h"
 #include "host/input/VirtualKeys.h"
+#include "host/platform/Environment.h"
+#include "host/platform/MessageBox.h"
 
 namespace vorelle {
 
@@ -38,9 +38,10 @@ void CharRules::setValidCharAnz(const QString& rules) {
         if (item.size() < 2) {
             continue;
         }
+        // The number keeps its low 16 bits, also when it is beyond any integer type.
         const double value = std::trunc(Val(item.mid(2)));
-        const auto number =
-            static_cast<qint16>(static_cast<qint64>(std::isfinite(value) ? value : 0));
+        const auto number = static_cast<qint16>(
+            static_cast<int>(std::isfinite(value) ? std::fmod(value, 65536.0) : 0.0));
         counts_.append({item.at(0), item.at(1), number});
     }
 }

@@ -153,7 +153,9 @@ Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>(
         {d->picDropdown, d->picDropdownMouseOver},
         {d->picDropdownAdd, d->picDropdownAddMouseOver},
     };
-    for (const auto& [rest, hover] : symbols) {
+    for (const auto& pair : symbols) {
+        SymbolPicture* rest = pair.first;
+        SymbolPicture* hover = pair.second;
         connect(rest, &SymbolPicture::MouseMove, this,
                 [this, rest, hover] { showHover(rest, hover); });
         connect(hover, &SymbolPicture::MouseLeave, hover, &QWidget::hide);

@@ -17,7 +17,7 @@ namespace {
 class Reader {
 public:
     Reader(const UiNode& property, const QString& file)
-        : property_(property), file_(file), name_(property.attribute(QStringLiteral("name"))) {}
+        : file_(file), name_(property.attribute(QStringLiteral("name"))) {}
 
     [[noreturn]] void fail(const UiNode& at, const QString& what) const {
         throw UiFileError(
@@ -230,7 +230,6 @@ private:
         return ok ? QVariant(n) : QVariant(text);
     }
 
-    const UiNode& property_;
     const QString& file_;
     QString name_;
 };

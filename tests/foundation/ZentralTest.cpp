@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
@@ -381,6 +383,21 @@ TEST(Numbers, IncDec) {
     QVariant empty;
     Dec(empty);
     EXPECT_EQ(empty.toInt(), -1);
+}
+
+TEST(Numbers, IncDecPastTheEndOfTheTypeGrowIntoAWiderOne) {
+    QVariant top = std::numeric_limits<int>::max();
+    Inc(top);
+    EXPECT_EQ(top.toLongLong(), 2147483648LL);
+    QVariant bottom = std::numeric_limits<int>::min();
+    Dec(bottom);
+    EXPECT_EQ(bottom.toLongLong(), -2147483649LL);
+    QVariant wide = std::numeric_limits<qlonglong>::max();
+    Inc(wide);
+    EXPECT_DOUBLE_EQ(wide.toDouble(), 9223372036854775808.0);
+    QVariant back = 2147483648LL;
+    Dec(back);
+    EXPECT_EQ(back.toLongLong(), 2147483647LL);
 }
 
 TEST(QuickSort, SortsSubrangeOnlyAndComparesLowerCase) {

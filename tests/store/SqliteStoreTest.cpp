@@ -15,7 +15,10 @@
 
 #include "support/QtPrinters.h"
 
+#include <sqlite3.h>
+
 #include "foundation/LibraryFolder.h"
+#include "foundation/RegFile.h"
 #include "foundation/RegStore.h"
 #include "foundation/ServiceSlot.h"
 #include "foundation/SqliteRegistry.h"
@@ -357,6 +360,44 @@ TEST_F(SqliteStore, AStoreBusyPastTheBoundFailsTheWriteWholeAndSaysSoOnce) {
 }
 
 // --- damaged and unreadable files -----------------------------------------------------
+
+// A key whose name another program emptied or gave a "\\" names no child; walking the
+// tree with it came back to the same key until the stack ran out.
+TEST_F(SqliteStore, AKeyNameThatNamesNoChildEndsAWalkOfTheTree) {
+    for (const char* damagedName : {"", "\\", "a\\b"}) {
+        SCOPED_TRACE(damagedName);
+        QFile::remove(file());
+        {
+            SqliteRegistry store(file());
+            ScopedService<RegistryBackend> scope(store);
+            RegSet(kProgram, QStringLiteral("frmMain\\Pos"), QStringLiteral("Left"),
+                   QStringLiteral("1"));
+        }
+        sqlite3* raw = nullptr;
+        ASSERT_EQ(sqlite3_open(file().toUtf8().constData(), &raw), SQLITE_OK);
+        sqlite3_stmt* stmt = nullptr;
+        ASSERT_EQ(sqlite3_prepare_v2(raw, "UPDATE reg_keys SET name = ?1 WHERE name = 'Pos'", -1,
+                                     &stmt, nullptr),
+                  SQLITE_OK);
+        sqlite3_bind_text(stmt, 1, damagedName, -1, SQLITE_STATIC);
+        ASSERT_EQ(sqlite3_step(stmt), SQLITE_DONE);
+        sqlite3_finalize(stmt);
+        sqlite3_close(raw);
+
+        const int before = storeErrorLines();
+        SqliteRegistry store(file());
+        ScopedService<RegistryBackend> scope(store);
+        const QString text =
+            RegFile::exportText(HKEY_CURRENT_USER, QStringLiteral("Software\\Haldrake\\Prog"));
+        EXPECT_TRUE(text.contains(
+            QStringLiteral("[HKEY_CURRENT_USER\\Software\\Haldrake\\Prog\\frmMain]")));
+        EXPECT_NE(RegDeleteTree(HKEY_CURRENT_USER, QStringLiteral("Software\\Haldrake\\Prog")),
+                  REG_SUCCESS);
+        EXPECT_EQ(storeErrorLines(), before + 1);
+        EXPECT_EQ(get(QStringLiteral("frmMain"), QStringLiteral("x"), QStringLiteral("d")),
+                  QStringLiteral("d"));  // the rest of the file still serves
+    }
+}
 
 struct DamageCase {
     const char* name;

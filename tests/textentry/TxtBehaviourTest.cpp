@@ -87,18 +87,22 @@ TEST_P(LeaveRules, CheckEveryItem) {
     EXPECT_EQ(rules.passesOnLeave(QString::fromUtf8(GetParam().text)), GetParam().passes);
 }
 
-INSTANTIATE_TEST_SUITE_P(Txt, LeaveRules,
-                         ::testing::Values(LeaveCase{"emailOk", "@=1|.>0", "a@b.de", true},
-                                           LeaveCase{"emailTwoAts", "@=1|.>0", "a@b@c.de", false},
-                                           LeaveCase{"emailNoDot", "@=1|.>0", "a@bde", false},
-                                           LeaveCase{"urlOk", "/>2|:=1|.>0", "http://x.de/", true},
-                                           LeaveCase{"urlTwoSlashes", "/>2|:=1|.>0", "http://x.de",
-                                                     false},
-                                           LeaveCase{"fewerThan", "/<3", "a//", true},
-                                           LeaveCase{"notFewerThan", "/<3", "a///", false},
-                                           LeaveCase{"unknownOperatorPasses", "a!3", "b", true},
-                                           LeaveCase{"emptyTextPasses", ".=1", "", true}),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Txt, LeaveRules,
+    ::testing::Values(LeaveCase{"emailOk", "@=1|.>0", "a@b.de", true},
+                      LeaveCase{"emailTwoAts", "@=1|.>0", "a@b@c.de", false},
+                      LeaveCase{"emailNoDot", "@=1|.>0", "a@bde", false},
+                      LeaveCase{"urlOk", "/>2|:=1|.>0", "http://x.de/", true},
+                      LeaveCase{"urlTwoSlashes", "/>2|:=1|.>0", "http://x.de", false},
+                      LeaveCase{"fewerThan", "/<3", "a//", true},
+                      LeaveCase{"notFewerThan", "/<3", "a///", false},
+                      LeaveCase{"unknownOperatorPasses", "a!3", "b", true},
+                      LeaveCase{"emptyTextPasses", ".=1", "", true},
+                      LeaveCase{"numberKeepsSixteenBits", ".=65537", "a.", true},
+                      LeaveCase{"numberBeyondEveryInteger", ".=100000000000000000000", "ab", true},
+                      LeaveCase{"numberBeyondEveryIntegerIsZero", ".=100000000000000000000", "a.",
+                                false}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(TxtTest, ReturnMovesToTheNextField) {
     make();

@@ -1,0 +1,378 @@
+// Keystrokes, mouse clicks, focus changes and property sets on a shown form that holds
+// every entry control of the library. The form is built and shown once; each input
+// resets the controls and plays its steps; after every step each control's invariant is
+// checked, and a broken one aborts. The number of keystrokes is printed at the end.
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMetaProperty>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "foundation/MemoryRegistry.h"
+#include "foundation/ServiceSlot.h"
+#include "host/form/Form.h"
+#include "host/hooks/Hooks.h"
+#include "host/input/VirtualKeys.h"
+#include "keys/EntryKind.h"
+#include "support/FuzzDoubles.h"
+#include "support/FuzzHost.h"
+
+using namespace vorelle;
+using namespace vorelle::fuzz;
+
+namespace {
+
+// The characters typed and used in texts: letters, digits, the signs of the field kinds
+// (e-mail, URL, names), the pipe, German letters and a few whose case mapping is special.
+const QString kChars = QStringLiteral(
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"
+    " .,-_@:/\\|+=*#'\"<>äöüÄÖÜßéµİſ");
+
+// Texts that the properties of the library's field kinds take.
+const QStringList kKnownTexts = {
+    QStringLiteral("abcdefghijklmnopqrstuvwxyzäöüß"),
+    QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÜß"),
+    QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ1234567890-"),
+    QStringLiteral("abcdefghijklmnopqrstuvwxyzäöüABCDEFGHIJKLMNOPQRSTUVWXYZÄÖÜß- "),
+    QStringLiteral("0123456789"),
+    QStringLiteral("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-.@"),
+    QStringLiteral("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ-.:/"),
+    QStringLiteral(" =-"),
+    QStringLiteral("\\=/"),
+    QStringLiteral(" =-|_=-|a=|"),
+    QStringLiteral("@=1|.>0"),
+    QStringLiteral("/>2|:=1|.>0"),
+    QStringLiteral(".=1"),
+    QStringLiteral("/<3"),
+    QStringLiteral("Hans|Hanna|Peter|Berlin|berlin"),
+    QStringLiteral("a|ab|abc|"),
+    QString(),
+};
+
+struct SpecialKey {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    const char* text;
+};
+
+const SpecialKey kSpecialKeys[] = {
+    {Qt::Key_Backspace, Qt::NoModifier, "\b"},
+    {Qt::Key_Delete, Qt::NoModifier, "\x7f"},
+    {Qt::Key_Insert, Qt::NoModifier, ""},
+    {Qt::Key_Left, Qt::NoModifier, ""},
+    {Qt::Key_Right, Qt::NoModifier, ""},
+    {Qt::Key_Home, Qt::NoModifier, ""},
+    {Qt::Key_End, Qt::NoModifier, ""},
+    {Qt::Key_Return, Qt::NoModifier, "\r"},
+    {Qt::Key_Enter, Qt::KeypadModifier, "\r"},
+    {Qt::Key_Escape, Qt::NoModifier, "\x1b"},
+    {Qt::Key_Tab, Qt::NoModifier, "\t"},
+    {Qt::Key_Backtab, Qt::ShiftModifier, ""},
+    {Qt::Key_Down, Qt::NoModifier, ""},
+    {Qt::Key_Up, Qt::NoModifier, ""},
+    {Qt::Key_Plus, Qt::KeypadModifier, "+"},
+    {Qt::Key_Plus, Qt::NoModifier, "+"},
+    {Qt::Key_Left, Qt::ShiftModifier, ""},
+    {Qt::Key_Right, Qt::ShiftModifier, ""},
+    {Qt::Key_Home, Qt::ShiftModifier, ""},
+    {Qt::Key_End, Qt::ShiftModifier, ""},
+    {Qt::Key_Insert, Qt::ShiftModifier, ""},
+    {Qt::Key_Delete, Qt::ShiftModifier, ""},
+    {Qt::Key_Left, Qt::ControlModifier, ""},
+    {Qt::Key_Right, Qt::ControlModifier, ""},
+    {Qt::Key_F2, Qt::NoModifier, ""},
+    {Qt::Key_PageUp, Qt::NoModifier, ""},
+    {Qt::Key_Shift, Qt::ShiftModifier, ""},
+    {Qt::Key_Control, Qt::ControlModifier, ""},
+    {Qt::Key_Space, Qt::NoModifier, " "},
+    {Qt::Key_Minus, Qt::KeypadModifier, "-"},
+    {Qt::Key_Asterisk, Qt::KeypadModifier, "*"},
+    {Qt::Key_0, Qt::KeypadModifier, "0"},
+};
+
+long long g_keystrokes = 0;
+long long g_inputs = 0;
+
+void report() {
+    std::fprintf(stderr, "== keys: %lld keystrokes in %lld inputs\n", g_keystrokes, g_inputs);
+}
+
+int qtKeyOf(QChar c) {
+    const QChar upper = c.toUpper();
+    return upper.unicode() <= 0xff ? upper.unicode() : Qt::Key_unknown;
+}
+
+class Session {
+public:
+    Session() {
+        form_.setName(QStringLiteral("frmFuzz"));
+        form_.resize(420, 60 + 40 * static_cast<int>(EntryKinds().size()));
+        int y = 10;
+        for (const EntryKind& kind : EntryKinds()) {
+            Control control{&kind, kind.create(form_), nullptr, nullptr};
+            control.widget->move(10, y);
+            control.target = kind.keyTarget(control.widget);
+            control.invariant = kind.invariant(control.widget);
+            controls_.push_back(std::move(control));
+            y += 40;
+        }
+        other_ = new QLineEdit(&form_);
+        other_->setObjectName(QStringLiteral("txtOther"));
+        other_->move(10, y);
+        form_.show();
+        QApplication::setActiveWindow(&form_);
+        // The form paints once per input, at its end, not after every keystroke.
+        form_.setUpdatesEnabled(false);
+    }
+
+    void run(ByteReader& in) {
+        ++g_inputs;
+        for (Control& c : controls_) {
+            c.kind->reset(c.widget);
+        }
+        QGuiApplication::clipboard()->clear();
+        Keys().down.clear();
+        MouseDoubleClicked() = false;
+        MouseWheelDirection() = 0;
+        current_ = 0;
+        controls_[0].target->setFocus();
+        // A neutral key so that no key of the previous input is remembered.
+        sendKey(controls_[0].target, Qt::Key_Shift, Qt::ShiftModifier, QString());
+        QCoreApplication::sendPostedEvents();
+        for (Control& c : controls_) {
+            c.invariant->reset();
+        }
+        while (!in.atEnd()) {
+            step(in);
+        }
+        form_.setUpdatesEnabled(true);
+        form_.repaint();
+        QCoreApplication::sendPostedEvents();
+        form_.setUpdatesEnabled(false);
+    }
+
+private:
+    struct Control {
+        const EntryKind* kind;
+        QWidget* widget;
+        QWidget* target;
+        std::unique_ptr<EntryInvariant> invariant;
+    };
+
+    Control& control() { return controls_[current_]; }
+
+    void sendKey(QWidget* to, int key, Qt::KeyboardModifiers mods, const QString& text) {
+        Keys().down.clear();
+        if (mods & Qt::ShiftModifier) {
+            Keys().down.insert(VK_SHIFT);
+        }
+        if (mods & Qt::ControlModifier) {
+            Keys().down.insert(VK_CONTROL);
+        }
+        if (mods & Qt::AltModifier) {
+            Keys().down.insert(VK_MENU);
+        }
+        QKeyEvent down(QEvent::KeyPress, key, mods, text);
+        QApplication::sendEvent(to, &down);
+        if (++g_keystrokes % 1000000 == 0) {
+            report();
+        }
+        QKeyEvent up(QEvent::KeyRelease, key, mods, text);
+        QApplication::sendEvent(to, &up);
+        Keys().down.clear();
+    }
+
+    // The widget that has the keyboard: the focused one, else the current control.
+    QWidget* keyReceiver() {
+        QWidget* focus = QApplication::focusWidget();
+        return focus ? focus : control().target;
+    }
+
+    QVariant valueFor(const QMetaProperty& property, ByteReader& in) {
+        switch (property.metaType().id()) {
+            case QMetaType::Bool:
+                return QVariant(bool(in.byte() & 1));
+            case QMetaType::Int:
+            case QMetaType::Long:
+            case QMetaType::LongLong: {
+                const uint8_t b = in.byte();
+                if (b < 200) {
+                    return QVariant(int(b % 40) - 1);
+                }
+                if (b < 250) {
+                    return QVariant(int(b) + 55);  // around the default length 255
+                }
+                return QVariant(static_cast<int>(in.dword()));
+            }
+            case QMetaType::Double:
+            case QMetaType::Float: {
+                const uint8_t b = in.byte();
+                if (b < 200) {
+                    return QVariant(double(int(b) - 100) / 4);
+                }
+                const uint64_t bits = (static_cast<uint64_t>(in.dword()) << 32) | in.dword();
+                double d;
+                std::memcpy(&d, &bits, sizeof d);
+                return QVariant(d);
+            }
+            default: {
+                const uint8_t b = in.byte();
+                if (b < 64) {
+                    return QVariant(kKnownTexts.at(b % kKnownTexts.size()));
+                }
+                if (b < 72) {
+                    return QVariant(in.anyText(40));
+                }
+                return QVariant(in.text(kChars, 24));
+            }
+        }
+    }
+
+    void step(ByteReader& in) {
+        const uint8_t op = in.byte();
+        Step s;
+        std::function<void()> act;
+        if (op < 128) {  // a character key
+            const QChar c = kChars.at(op % kChars.size());
+            s.qtKey = qtKeyOf(c);
+            s.modifiers = c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier;
+            s.text = QString(c);
+        } else if (op < 160) {  // a key without or with a control character
+            const SpecialKey& k = kSpecialKeys[op - 128];
+            s.qtKey = k.key;
+            s.modifiers = k.modifiers;
+            s.text = QString::fromLatin1(k.text);
+        } else if (op < 176) {  // Ctrl with a letter, also with Alt (AltGr) and Shift
+            const uint8_t b = in.byte();
+            s.qtKey = Qt::Key_A + b % 26;
+            s.modifiers = Qt::ControlModifier;
+            if (op & 1) {
+                s.modifiers |= Qt::AltModifier;
+            }
+            if (op & 2) {
+                s.modifiers |= Qt::ShiftModifier;
+            }
+            s.text = QString(QChar(char16_t(b % 26 + 1)));
+        } else if (op < 184) {  // Alt or AltGr with a character
+            const QChar c = kChars.at(in.byte() % kChars.size());
+            s.qtKey = qtKeyOf(c);
+            s.modifiers = (op & 1) ? (Qt::ControlModifier | Qt::AltModifier) : Qt::AltModifier;
+            s.text = QString(c);
+        } else if (op < 192) {  // the mouse
+            s.kind = Step::Mouse;
+            const uint8_t b = in.byte();
+            const QPointF at(2 + b % 200, 4 + (b >> 6));
+            const Qt::MouseButton button =
+                (op & 3) == 1 ? Qt::RightButton
+                              : ((op & 3) == 2 ? Qt::MiddleButton : Qt::LeftButton);
+            const int what = (op >> 2) & 1;
+            act = [this, at, button, what, op] {
+                QWidget* target = control().target;
+                if (op == 191) {
+                    QWheelEvent wheel(at, target->mapToGlobal(at), QPoint(),
+                                      QPoint(0, (at.x() > 100) ? 120 : -120), Qt::NoButton,
+                                      Qt::NoModifier, Qt::NoScrollPhase, false);
+                    QApplication::sendEvent(target, &wheel);
+                    return;
+                }
+                const QPointF global = target->mapToGlobal(at);
+                QMouseEvent press(QEvent::MouseButtonPress, at, global, button, button,
+                                  Qt::NoModifier);
+                QApplication::sendEvent(target, &press);
+                if (what == 1) {
+                    QMouseEvent dbl(QEvent::MouseButtonDblClick, at, global, button, button,
+                                    Qt::NoModifier);
+                    QApplication::sendEvent(target, &dbl);
+                }
+                QMouseEvent release(QEvent::MouseButtonRelease, at, global, button, Qt::NoButton,
+                                    Qt::NoModifier);
+                QApplication::sendEvent(target, &release);
+            };
+        } else if (op < 200) {  // the focus
+            s.kind = Step::Focus;
+            const uint8_t b = in.byte();
+            act = [this, b] {
+                if (b & 1) {
+                    other_->setFocus();
+                } else {
+                    current_ = static_cast<int>((b >> 1) % controls_.size());
+                    control().target->setFocus();
+                }
+            };
+        } else if (op < 240) {  // a property
+            s.kind = Step::Property;
+            const EntryKind& kind = *control().kind;
+            s.property = kind.properties.at(in.byte() % kind.properties.size());
+            const QMetaObject* meta = control().widget->metaObject();
+            const QMetaProperty property =
+                meta->property(meta->indexOfProperty(s.property.toLatin1().constData()));
+            s.value = valueFor(property, in);
+            act = [this, &s] {
+                control().widget->setProperty(s.property.toLatin1().constData(), s.value);
+            };
+        } else if (op < 248) {  // the clipboard
+            s.kind = Step::Clipboard;
+            s.text = in.text(kChars, 16);
+            act = [&s] { QGuiApplication::clipboard()->setText(s.text); };
+        } else if (op < 252) {  // text beyond one 16-bit code, or several characters at once
+            s.qtKey = Qt::Key_unknown;
+            s.text = (op & 1) ? QStringLiteral("\U0001F600") : in.text(kChars, 3);
+        } else {  // a lone key release
+            s.kind = Step::KeyRelease;
+            s.qtKey = qtKeyOf(kChars.at(in.byte() % kChars.size()));
+            act = [this, &s] {
+                QKeyEvent up(QEvent::KeyRelease, s.qtKey, Qt::NoModifier, QString());
+                QApplication::sendEvent(keyReceiver(), &up);
+            };
+        }
+        if (!act) {
+            act = [this, &s] {
+                sendKey(keyReceiver(), s.qtKey, Qt::KeyboardModifiers(s.modifiers), s.text);
+            };
+        }
+        for (Control& c : controls_) {
+            c.invariant->before(s);
+        }
+        act();
+        QCoreApplication::sendPostedEvents();
+        for (Control& c : controls_) {
+            const QString problem = c.invariant->after(s);
+            if (!problem.isEmpty()) {
+                Fail("keys", c.kind->name + QStringLiteral(": ") + problem);
+            }
+        }
+    }
+
+    MemoryRegistry store_;
+    ScopedService<RegistryBackend> storeScope_{store_};
+    Form form_;
+    QLineEdit* other_ = nullptr;
+    std::vector<Control> controls_;
+    int current_ = 0;
+};
+
+Session& session() {
+    static Session* s = new Session;  // kept to the end of the process
+    return *s;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    StartHost();
+    session();
+    std::atexit(report);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    ByteReader in(data, size);
+    session().run(in);
+    return 0;
+}

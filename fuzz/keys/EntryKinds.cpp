@@ -1,0 +1,55 @@
+#include "keys/EntryKind.h"
+
+#include "host/form/Form.h"
+#include "host/frame/PropertyBag.h"
+#include "host/input/EntryField.h"
+#include "keys/TxtInvariant.h"
+#include "textentry/Txt.h"
+
+namespace vorelle::fuzz {
+
+namespace {
+
+EntryKind txtKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("Txt");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* txt = new Txt(&form);
+        txt->setObjectName(QStringLiteral("txtFuzz"));
+        txt->startFrom(PropertyBag());
+        return txt;
+    };
+    kind.keyTarget = [](QWidget* control) -> QWidget* {
+        return static_cast<Txt*>(control)->field();
+    };
+    kind.properties = {QStringLiteral("Text"),         QStringLiteral("ValidChars"),
+                       QStringLiteral("MaxLength"),    QStringLiteral("TypingBehavior"),
+                       QStringLiteral("CharReplace"),  QStringLiteral("ValidCharAnz"),
+                       QStringLiteral("DropDownList"), QStringLiteral("Locked"),
+                       QStringLiteral("Enabled")};
+    kind.reset = [](QWidget* control) {
+        auto* txt = static_cast<Txt*>(control);
+        txt->setValidCharAnz(QString());
+        txt->setEnabledProperty(true);
+        txt->setLocked(false);
+        txt->setDropDownList(QString());
+        txt->setValidChars(QString());
+        txt->setCharReplace(QString());
+        txt->setTypingBehavior(0);
+        txt->setMaxLength(255);
+        txt->setText(QString());
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<TxtInvariant>(static_cast<Txt*>(control));
+    };
+    return kind;
+}
+
+}  // namespace
+
+const QList<EntryKind>& EntryKinds() {
+    static const QList<EntryKind> kinds = {txtKind()};
+    return kinds;
+}
+
+}  // namespace vorelle::fuzz
