@@ -18,11 +18,12 @@ struct GradientVertex {
     quint16 alpha = 0;  ///< always 0
 };
 
-/// How GradientFill::fill reads its vertices.
+/// How GradientFill::fill reads its vertices, numbered as the platform's gradient modes
+/// (GRADIENT_FILL_RECT_H, _RECT_V, _TRIANGLE, names that <windows.h> takes as macros).
 enum GradientFillMode {
-    GRADIENT_FILL_RECT_H = 0,   ///< rectangle 0..2, colour changes from left to right
-    GRADIENT_FILL_RECT_V = 1,   ///< rectangle 0..2, colour changes from top to bottom
-    GRADIENT_FILL_TRIANGLE = 2  ///< triangle 0, 1, 3 with the colours shaded between corners
+    GradientFillRectH = 0,    ///< rectangle 0..2, colour changes from left to right
+    GradientFillRectV = 1,    ///< rectangle 0..2, colour changes from top to bottom
+    GradientFillTriangle = 2  ///< triangle 0, 1, 3 with the colours shaded between corners
 };
 
 /// The platform's gradient service: paints one gradient onto the drawing surface that a

@@ -135,7 +135,7 @@ void ColorFade(QObject* Target, const QString& FirstColor, bool Reversed,
     const Channels& c3 = first;
     const QList<GradientVertex> vertices{vertex(Left, Top, c0), vertex(Right, Top, c1),
                                          vertex(Right, Bottom, c1), vertex(Left, Bottom, c3)};
-    fill(Target, vertices, Horizontal ? GRADIENT_FILL_RECT_H : GRADIENT_FILL_RECT_V);
+    fill(Target, vertices, Horizontal ? GradientFillRectH : GradientFillRectV);
 }
 
 void FontEffect(QObject* Target, const QString& FirstColor, bool Reversed,
@@ -151,7 +151,7 @@ void FontEffect(QObject* Target, const QString& FirstColor, bool Reversed,
     const Channels& rest = Reversed ? first : second;
     const QList<GradientVertex> vertices{vertex(0, 0, corner), vertex(s, 0, rest),
                                          vertex(s, s, rest), vertex(0, s, rest)};
-    fill(Target, vertices, GRADIENT_FILL_TRIANGLE);
+    fill(Target, vertices, GradientFillTriangle);
 }
 
 EffectStatusFunction SetEffectStatusFunction(EffectStatusFunction function) {

@@ -10,6 +10,12 @@
 #include "host/frame/ControlBase.h"
 #include "host/frame/ControlRegistry.h"
 
+// <windows.h>, which Qt's headers bring in on Windows, defines RegDeleteTree as a macro;
+// the store's routine of that name is the one meant here.
+#ifdef RegDeleteTree
+#undef RegDeleteTree
+#endif
+
 namespace vorelle {
 
 TypeLibraryInfo TypeLibrary() {

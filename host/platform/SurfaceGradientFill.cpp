@@ -7,8 +7,8 @@
 #include "foundation/LateBinding.h"
 #include "foundation/program.h"
 #include "host/form/Form.h"
-#include "host/platform/DrawingSurface.h"
 #include "host/hooks/WindowHandle.h"
+#include "host/platform/DrawingSurface.h"
 #include "host/platform/StatusText.h"
 
 namespace vorelle {
@@ -86,10 +86,10 @@ int SurfaceGradientFill::fill(qint32 hdc, const QList<GradientVertex>& vertices,
     }
     {
         QPainter p(&image);
-        if (mode == GRADIENT_FILL_TRIANGLE) {
+        if (mode == GradientFillTriangle) {
             paintTriangle(p, vertices);
         } else {
-            paintRectangle(p, vertices[0], vertices[2], mode == GRADIENT_FILL_RECT_H);
+            paintRectangle(p, vertices[0], vertices[2], mode == GradientFillRectH);
         }
     }
     target->surfaceChanged();

@@ -92,7 +92,7 @@ TEST(ColorFade, DefaultsTheEdgesButTopAndPassesOneRectangle) {
     ASSERT_EQ(recorder.calls.size(), 1);
     const RecordingFill::Call& call = recorder.calls.front();
     EXPECT_EQ(call.hdc, 77);
-    EXPECT_EQ(call.mode, GRADIENT_FILL_RECT_V);
+    EXPECT_EQ(call.mode, GradientFillRectV);
     EXPECT_EQ(corners(call), (QList<QPoint>{{0, -1}, {200, -1}, {200, 100}, {0, 100}}));
     EXPECT_EQ(colourOf(call.vertices[0]), "0227aa");
     EXPECT_EQ(colourOf(call.vertices[2]), "8888c0");
@@ -110,7 +110,7 @@ TEST(ColorFade, ReversedSwapsTheReadCornersAndHorizontalChangesTheMode) {
               right, bottom, true);
     ASSERT_EQ(recorder.calls.size(), 1);
     const RecordingFill::Call& call = recorder.calls.front();
-    EXPECT_EQ(call.mode, GRADIENT_FILL_RECT_H);
+    EXPECT_EQ(call.mode, GradientFillRectH);
     EXPECT_EQ(colourOf(call.vertices[0]), "0000ff");
     EXPECT_EQ(colourOf(call.vertices[1]), "ff0000");
     EXPECT_EQ(colourOf(call.vertices[2]), "ff0000");
@@ -148,7 +148,7 @@ TEST(FontEffect, OneTriangleOverTheSumOfTheSidesWithTheCornerColourFirst) {
     FontEffect(target.get(), QStringLiteral("ffcc00"), false, QStringLiteral("FFFFFF"));
     FontEffect(target.get(), QStringLiteral("ffcc00"), true, QStringLiteral("FFFFFF"));
     ASSERT_EQ(recorder.calls.size(), 2);
-    EXPECT_EQ(recorder.calls[0].mode, GRADIENT_FILL_TRIANGLE);
+    EXPECT_EQ(recorder.calls[0].mode, GradientFillTriangle);
     EXPECT_EQ(corners(recorder.calls[0]), (QList<QPoint>{{0, 0}, {300, 0}, {300, 300}, {0, 300}}));
     EXPECT_EQ(colourOf(recorder.calls[0].vertices[0]), "ffcc00");
     EXPECT_EQ(colourOf(recorder.calls[0].vertices[3]), "ffffff");
