@@ -162,6 +162,10 @@ void damaged(ByteReader& in) {
     parsed.parse(exported);
     RegSet(QStringLiteral("Lager"), QStringLiteral("frmMain"), QStringLiteral("txt.Text_de"),
            QStringLiteral("Peter"));
+    // The store refuses to build on rows that were damaged behind its back, so the next
+    // input starts from a healthy tree again.
+    sqlite3_exec(g_raw, "DELETE FROM reg_values; DELETE FROM reg_keys WHERE parent <> 0;", nullptr,
+                 nullptr, nullptr);
     plant();
 }
 
