@@ -37,7 +37,7 @@ void pumpMessages() {
 }
 
 QString pick(const QString& de, const QString& en) {
-    return CurrentLanguage() == u"de" ? de : (en.isEmpty() ? de : en);
+    return LangText(de, EnglishOrGerman(de, en));
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "host/form/Form.h"
 
@@ -23,12 +24,18 @@ Form* activeForm() {
 }  // namespace
 
 void FormStatusText(const QString& TextDe, const QString& TextEn) {
-    Form* form = activeForm();
+    FormStatusText(nullptr, TextDe, TextEn);
+}
+
+void FormStatusText(Form* form, const QString& TextDe, const QString& TextEn) {
+    if (!form) {
+        form = activeForm();
+    }
     if (!form) {
         return;
     }
     QObject* wizard = form->Controls(QStringLiteral("FormWizard1"));
-    LateCall(wizard, "Status1", QVariantList{TextDe, TextEn.isEmpty() ? TextDe : TextEn});
+    LateCall(wizard, "Status1", QVariantList{TextDe, EnglishOrGerman(TextDe, TextEn)});
 }
 
 }  // namespace vorelle

@@ -4,7 +4,6 @@
 #include <QPainter>
 #include <QPolygon>
 
-#include "foundation/LateBinding.h"
 #include "foundation/program.h"
 #include "host/form/Form.h"
 #include "host/hooks/WindowHandle.h"
@@ -56,12 +55,7 @@ void paintTriangle(QPainter& p, const QList<GradientVertex>& v) {
 }
 
 void effectStatus(QObject* form, const QString& de, const QString& en) {
-    if (auto* f = qobject_cast<Form*>(form)) {
-        LateCall(f->Controls(QStringLiteral("FormWizard1")), "Status1",
-                 QVariantList{de, en.isEmpty() ? de : en});
-        return;
-    }
-    FormStatusText(de, en);
+    FormStatusText(qobject_cast<Form*>(form), de, en);
 }
 
 SurfaceGradientFill& systemFill() {
