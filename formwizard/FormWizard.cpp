@@ -9,6 +9,7 @@
 
 #include "formwizard/DialogStyle.h"
 #include "formwizard/ModuleSwitches.h"
+#include "formwizard/MouseTracker.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/LibraryInfo.h"
@@ -20,6 +21,7 @@
 #include "host/frame/OleColor.h"
 #include "host/hooks/Hooks.h"
 #include "host/hooks/SystemMenu.h"
+#include "host/input/WindowGeometry.h"
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
 #include "host/platform/MessageBox.h"
@@ -775,10 +777,11 @@ void FormWizard::TimerMouseEvent_Timer() {
         d->timer->stop();
         return;
     }
-    if (QApplication::activeWindow() != form->window()) {
-        return;
+    if (WindowGeometry::instance().activeWindow() != form->hWnd()) {
+        return;  // only the active window tracks and takes keys
     }
-    // The keyboard part (access keys) and the mouse tracker run here once they exist.
+    // The keyboard part (access keys) runs here, before the mouse.
+    MouseTracker(d->timer->interval(), form);
 }
 
 void FormWizard::FensterPosReset() {

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "host/input/VirtualKeys.h"
+#include "host/input/XServerInput_p.h"
 
 namespace vorelle {
 
@@ -82,6 +83,17 @@ bool SystemKeyState::isDown(int virtualKey) const {
     return down_.contains(virtualKey);
 }
 
+bool KeyState::isToggled(int /*virtualKey*/) const {
+    return false;
+}
+
+bool SystemKeyState::isToggled(int virtualKey) const {
+    if (virtualKey == 145 && xserver::available()) {
+        return xserver::scrollLockOn();
+    }
+    return toggled_.contains(virtualKey);
+}
+
 void SystemKeyState::releaseAll() {
     down_.clear();
 }
@@ -112,6 +124,17 @@ bool SystemKeyState::eventFilter(QObject* watched, QEvent* event) {
             // The key itself last: releasing Shift clears it even though the event still
             // carries the modifier.
             setDown(VirtualKeyFromEvent(key), event->type() == QEvent::KeyPress);
+            // A key event passes the window first and then each widget on its way: the
+            // window alone switches a toggle key.
+            if (event->type() == QEvent::KeyPress && !key->isAutoRepeat() &&
+                watched->isWindowType()) {
+                const int virtualKey = VirtualKeyFromEvent(key);
+                if (toggled_.contains(virtualKey)) {
+                    toggled_.remove(virtualKey);
+                } else if (virtualKey == 145 || virtualKey == 144 || virtualKey == 20) {
+                    toggled_.insert(virtualKey);
+                }
+            }
             break;
         }
         case QEvent::MouseButtonPress:
