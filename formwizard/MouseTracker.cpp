@@ -1,6 +1,7 @@
 #include "formwizard/MouseTracker.h"
 
 #include <QFontMetrics>
+#include <QHash>
 #include <QPointer>
 #include <QVariantList>
 #include <QWidget>
@@ -147,29 +148,50 @@ void captionExpansion(QObject* control, Form* form) {
 
 }  // namespace
 
-QString ControlTypeName(const QObject* object) {
-    if (!object) {
-        return {};
-    }
-    const QMetaObject* meta = object->metaObject();
-    const int index = meta->indexOfClassInfo("TypeName");
-    if (index >= 0) {
-        return QString::fromUtf8(meta->classInfo(index).value());
-    }
-    const QString name = QString::fromLatin1(meta->className());
-    return name.mid(name.lastIndexOf(u':') + 1);
-}
+namespace {
 
-bool ControlIsVisible(QObject* control) {
-    return control && ControlTypeName(control) != u"Timer" && readsTrue(control, "Visible");
-}
+// What the tracker needs to know of a class, found once per class.
+struct TypeFacts {
+    QString name;
+    bool noWindow = false;
+    bool timer = false;
+};
 
-bool ControlHasNoWindow(QObject* control) {
+const TypeFacts& factsOf(const QMetaObject* meta) {
+    thread_local QHash<const QMetaObject*, TypeFacts> known;
+    const auto it = known.constFind(meta);
+    if (it != known.constEnd()) {
+        return *it;
+    }
     static const QStringList kLookedThrough{
         QStringLiteral("FormWizard"), QStringLiteral("Form"),       QStringLiteral("fra"),
         QStringLiteral("brd"),        QStringLiteral("Frame"),      QStringLiteral("SSTab"),
         QStringLiteral("TabStrip"),   QStringLiteral("PictureBox"), QStringLiteral("Image")};
-    return kLookedThrough.contains(ControlTypeName(control));
+    TypeFacts facts;
+    const int index = meta->indexOfClassInfo("TypeName");
+    if (index >= 0) {
+        facts.name = QString::fromUtf8(meta->classInfo(index).value());
+    } else {
+        const QString name = QString::fromLatin1(meta->className());
+        facts.name = name.mid(name.lastIndexOf(u':') + 1);
+    }
+    facts.noWindow = kLookedThrough.contains(facts.name);
+    facts.timer = facts.name == u"Timer";
+    return *known.insert(meta, facts);
+}
+
+}  // namespace
+
+QString ControlTypeName(const QObject* object) {
+    return object ? factsOf(object->metaObject()).name : QString();
+}
+
+bool ControlIsVisible(QObject* control) {
+    return control && !factsOf(control->metaObject()).timer && readsTrue(control, "Visible");
+}
+
+bool ControlHasNoWindow(QObject* control) {
+    return control && factsOf(control->metaObject()).noWindow;
 }
 
 void FormStatus2Text(Form* form, const QString& Text_de, const QString& Text_en) {
