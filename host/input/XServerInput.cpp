@@ -1,5 +1,6 @@
 #include "host/input/XServerInput_p.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 
 #ifdef VORELLE_HAVE_XTEST
@@ -70,17 +71,73 @@ bool available() {
     return display() != nullptr;
 }
 
-int logicalButtons() {
+namespace {
+
+struct PointerState {
+    int x = 0;
+    int y = 0;
+    unsigned int mask = 0;
+    QElapsedTimer taken;
+};
+
+PointerState& pointer() {
+    static PointerState p;
+    return p;
+}
+
+// The position and the buttons, from one query that serves for a millisecond.
+const PointerState* queryPointer() {
     Display* d = display();
     if (!d) {
-        return 0;
+        return nullptr;
+    }
+    PointerState& p = pointer();
+    if (p.taken.isValid() && p.taken.nsecsElapsed() < 1000000) {
+        return &p;
     }
     Window root = 0, child = 0;
-    int rootX = 0, rootY = 0, x = 0, y = 0;
-    unsigned int mask = 0;
-    XQueryPointer(d, DefaultRootWindow(d), &root, &child, &rootX, &rootY, &x, &y, &mask);
-    return ((mask & Button1Mask) ? 1 : 0) | ((mask & Button3Mask) ? 2 : 0) |
-           ((mask & Button2Mask) ? 4 : 0);
+    int x = 0, y = 0;
+    if (!XQueryPointer(d, DefaultRootWindow(d), &root, &child, &p.x, &p.y, &x, &y, &p.mask)) {
+        return nullptr;
+    }
+    p.taken.start();
+    return &p;
+}
+
+}  // namespace
+
+int logicalButtons() {
+    const PointerState* p = queryPointer();
+    if (!p) {
+        return 0;
+    }
+    return ((p->mask & Button1Mask) ? 1 : 0) | ((p->mask & Button3Mask) ? 2 : 0) |
+           ((p->mask & Button2Mask) ? 4 : 0);
+}
+
+bool pointerPosition(int& x, int& y) {
+    const PointerState* p = queryPointer();
+    if (!p) {
+        return false;
+    }
+    x = p->x;
+    y = p->y;
+    return true;
+}
+
+void forgetPointer() {
+    pointer().taken.invalidate();
+}
+
+bool warpPointer(int x, int y) {
+    Display* d = display();
+    if (!d) {
+        return false;
+    }
+    XWarpPointer(d, 0, DefaultRootWindow(d), 0, 0, 0, 0, x, y);
+    XSync(d, False);
+    forgetPointer();
+    return true;
 }
 
 bool buttonsSwapped() {
@@ -88,15 +145,22 @@ bool buttonsSwapped() {
     if (!d) {
         return false;
     }
-    unsigned char map[32] = {};
-    const int count = XGetPointerMapping(d, map, 32);
-    return count >= 3 && map[0] == 3;
+    static QElapsedTimer read;
+    static bool swapped = false;
+    if (!read.isValid() || read.elapsed() >= 1000) {
+        unsigned char map[32] = {};
+        const int count = XGetPointerMapping(d, map, 32);
+        swapped = count >= 3 && map[0] == 3;
+        read.start();
+    }
+    return swapped;
 }
 
 void fakeButton(unsigned int button, bool down) {
     if (Display* d = display()) {
         XTestFakeButtonEvent(d, button, down ? True : False, CurrentTime);
         XSync(d, False);
+        forgetPointer();
     }
 }
 
@@ -112,6 +176,7 @@ bool fakeKey(int virtualKey, bool down) {
     }
     XTestFakeKeyEvent(d, code, down ? True : False, CurrentTime);
     XSync(d, False);
+    forgetPointer();
     return true;
 }
 

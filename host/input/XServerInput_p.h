@@ -10,7 +10,16 @@ namespace vorelle::xserver {
 bool available();
 /// The logical buttons held now (1 left, 2 right, 4 middle), as the server reports them.
 int logicalButtons();
-/// True when the server's pointer mapping swaps the first and the third button.
+/// The pointer's position on the screen in device pixels; false without a server.
+bool pointerPosition(int& x, int& y);
+/// Moves the pointer to a position on the screen in device pixels; false without a server.
+bool warpPointer(int x, int y);
+/// Forgets the pointer state read last, after the pointer was moved or a button sent.
+/// (The position and the buttons come from one query, which serves for a millisecond, so
+/// that the three reads of one tick cost one round trip to the server.)
+void forgetPointer();
+/// True when the server's pointer mapping swaps the first and the third button (read
+/// anew at most once a second).
 bool buttonsSwapped();
 /// Presses or releases a physical button (1 left, 2 middle, 3 right).
 void fakeButton(unsigned int button, bool down);

@@ -10,6 +10,7 @@
 #include "automation/Mouse.h"
 #include "automation/SteppingSleeper.h"
 #include "host/form/Form.h"
+#include "host/input/CursorState.h"
 #include "host/input/InputInjector.h"
 #include "support/Doubles.h"
 
@@ -66,20 +67,20 @@ void clicksAndPathOnTheServer() {
     sleeper.step = [&] {
         switch (++sample) {
             case 1:
-                QCursor::setPos(onButton);
+                CursorState::instance().setPos(onButton);
                 server.mouseEvent(2);
                 break;
             case 2:
                 server.mouseEvent(4);
                 break;
             case 3:
-                QCursor::setPos(below);
+                CursorState::instance().setPos(below);
                 break;
             default:
                 keys.toggled.clear();
         }
     };
-    QCursor::setPos(away);
+    CursorState::instance().setPos(away);
     const QString path = mouse.PfadAufzeichnen();
     const auto triple = [](const QPoint& p, int b) {
         return QStringLiteral("%1,%2,%3,").arg(p.x() * 15).arg(p.y() * 15).arg(b);
@@ -89,7 +90,7 @@ void clicksAndPathOnTheServer() {
 
     sleeper.step = {};
     sleeper.seen.clear();
-    QCursor::setPos(away);
+    CursorState::instance().setPos(away);
     mouse.PfadAbspielen(path);
     EXPECT_EQ(sleeper.seen, (QList<QPoint>{away, onButton, onButton, below}));
     EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 3; }, 5000))
