@@ -36,8 +36,9 @@ void HoverLabel::paintState(bool over) {
     setPalette(p);
     QString text = LangText(de_, en_);
     if (clicks_ > 0) {
-        text +=
-            LangText(QStringLiteral(" (%1 Klicks)"), QStringLiteral(" (%1 clicks)")).arg(clicks_);
+        text += QStringLiteral(" (%1 %2)")
+                    .arg(clicks_)
+                    .arg(LangText(QStringLiteral("Klicks"), QStringLiteral("clicks")));
     }
     setText(text);
 }

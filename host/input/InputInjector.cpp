@@ -11,6 +11,7 @@
 
 #include "foundation/ServiceSlot.h"
 #include "foundation/WinHeaders.h"
+#include "host/input/MouseButtons.h"
 #include "host/input/XServerInput_p.h"
 
 namespace vorelle {
@@ -83,6 +84,11 @@ void SystemInputInjector::mouseEvent(int flags) {
     if (flags == 0) {
         return;
     }
+    for (const ButtonFlag& f : kButtonFlags) {
+        if ((flags & f.flag) && f.down) {
+            SystemMouseButtons::notePress(f.button);
+        }
+    }
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = static_cast<DWORD>(flags);
@@ -92,6 +98,9 @@ void SystemInputInjector::mouseEvent(int flags) {
     for (const ButtonFlag& f : kButtonFlags) {
         if ((flags & f.flag) == 0) {
             continue;
+        }
+        if (f.down) {
+            SystemMouseButtons::notePress(f.button);
         }
         if (server) {
             // X numbers the physical buttons 1 left, 2 middle, 3 right.

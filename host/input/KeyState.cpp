@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "host/input/MouseButtons.h"
 #include "host/input/VirtualKeys.h"
 #include "host/input/XServerInput_p.h"
 
@@ -29,6 +30,16 @@ int virtualKeyOfButton(Qt::MouseButton button) {
         default:
             return 0;
     }
+}
+
+// Qt names logical buttons; the buttons' state speaks of physical ones.
+void notePhysicalPress(Qt::MouseButton button) {
+    const int vk = virtualKeyOfButton(button);
+    int physical = vk == VK_LBUTTON ? 1 : (vk == VK_RBUTTON ? 2 : (vk == VK_MBUTTON ? 4 : 0));
+    if (physical != 4 && physical != 0 && MouseButtons::instance().swapped()) {
+        physical = 3 - physical;
+    }
+    SystemMouseButtons::notePress(physical);
 }
 
 // The key state follows the application from its start, so that keys pressed before the
@@ -142,6 +153,14 @@ bool SystemKeyState::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonRelease: {
             const auto* mouse = static_cast<QMouseEvent*>(event);
             followModifiers(mouse->modifiers());
+            // A press in the application counts for the next read of the buttons, however
+            // short it was (the window alone: the event passes each widget on its way).
+            // The X server's state is read as it is: a press sent through it is noted by
+            // the sender, and its event would count it twice.
+            if (event->type() == QEvent::MouseButtonPress && watched->isWindowType() &&
+                !xserver::available()) {
+                notePhysicalPress(mouse->button());
+            }
             setDown(virtualKeyOfButton(mouse->button()),
                     event->type() != QEvent::MouseButtonRelease);
             break;

@@ -1,5 +1,7 @@
 #include "host/input/MouseButtons.h"
 
+#include <utility>
+
 #include "foundation/ServiceSlot.h"
 #include "foundation/WinHeaders.h"
 #include "host/input/KeyState.h"
@@ -9,7 +11,14 @@ namespace vorelle {
 
 MouseButtons::~MouseButtons() = default;
 
-int SystemMouseButtons::pressed() const {
+namespace {
+
+int& pressedSinceRead() {
+    static int buttons = 0;
+    return buttons;
+}
+
+int heldNow() {
 #ifdef _WIN32
     return (GetAsyncKeyState(1) != 0 ? 1 : 0) | (GetAsyncKeyState(2) != 0 ? 2 : 0) |
            (GetAsyncKeyState(4) != 0 ? 4 : 0);
@@ -25,6 +34,16 @@ int SystemMouseButtons::pressed() const {
     const KeyState& keys = KeyState::instance();
     return (keys.isDown(1) ? 1 : 0) | (keys.isDown(2) ? 2 : 0) | (keys.isDown(4) ? 4 : 0);
 #endif
+}
+
+}  // namespace
+
+int SystemMouseButtons::pressed() const {
+    return heldNow() | std::exchange(pressedSinceRead(), 0);
+}
+
+void SystemMouseButtons::notePress(int button) {
+    pressedSinceRead() |= button & 7;
 }
 
 bool SystemMouseButtons::swapped() const {

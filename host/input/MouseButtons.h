@@ -23,10 +23,16 @@ public:
 /// The system implementation: the X server's pointer state and button mapping on X11, the
 /// asynchronous key state and SM_SWAPBUTTON on Windows, elsewhere the buttons that the
 /// application itself has seen go down (never swapped).
+/// A press counts until the next read even when its button is up again by then, as the
+/// platform's asynchronous key state reports it: a click shorter than the interval between
+/// two reads is not lost.
 class VORELLE_EXPORT SystemMouseButtons : public MouseButtons {
 public:
     int pressed() const override;
     bool swapped() const override;
+
+    /// Notes that a physical button (1, 2 or 4) went down, for the next read of pressed().
+    static void notePress(int button);
 };
 
 }  // namespace vorelle

@@ -45,6 +45,18 @@ TEST_F(MouseTest, ButtonSpeaksOfLogicalButtonsWhicheverIsPressed) {
     }
 }
 
+TEST_F(MouseTest, APressShorterThanATickStillCountsOnceAsTheAsyncKeyStateHasIt) {
+    SystemMouseButtons system;
+    ScopedService<MouseButtons> real(system);
+    mouse.Button();  // what earlier presses left is read away
+    keys.down = {2};
+    EXPECT_EQ(mouse.Button(), 2);
+    SystemMouseButtons::notePress(1);  // pressed and released between two reads
+    keys.down.clear();
+    EXPECT_EQ(mouse.Button(), 1);
+    EXPECT_EQ(mouse.Button(), 0);
+}
+
 TEST_F(MouseTest, PositionsAreTwipsAndDivideIntegrally) {
     cursor.position = QPoint(10, 20);
     EXPECT_EQ(mouse.X(), 150);

@@ -81,6 +81,7 @@ void clicksAndPathOnTheServer() {
         }
     };
     CursorState::instance().setPos(away);
+    mouse.Button();  // the clicks before count as pressed until the next read
     const QString path = mouse.PfadAufzeichnen();
     const auto triple = [](const QPoint& p, int b) {
         return QStringLiteral("%1,%2,%3,").arg(p.x() * 15).arg(p.y() * 15).arg(b);
