@@ -581,11 +581,7 @@ void FormWizard::Resize() {
 }
 
 QImage& FormWizard::surface() {
-    const QSize wanted = size().expandedTo(QSize(1, 1));
-    if (d->surface.size() != wanted) {
-        d->surface = QImage(wanted, QImage::Format_ARGB32_Premultiplied);
-        d->surface.fill(Qt::white);
-    }
+    fitToWidget(d->surface, *this, Qt::white, false);
     return d->surface;
 }
 
