@@ -16,8 +16,6 @@ class VORELLE_EXPORT rbl : public FormControl {
     Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
     Q_PROPERTY(QFont Font READ Font WRITE setFontProperty)
     Q_PROPERTY(bool Enabled READ Enabled WRITE setEnabledProperty)
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// ForeColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).

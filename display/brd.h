@@ -19,8 +19,6 @@ class VORELLE_EXPORT brd : public FormControl {
     Q_CLASSINFO("AboutDescription", "Durchsichtiger 3D-Rahmen")
     Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
     Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     static constexpr qint32 kDefaultForeColor = 0xFFFFFF;  ///< white

@@ -14,8 +14,6 @@ class VORELLE_EXPORT prb : public FormControl {
     Q_CLASSINFO("AboutHeader", "ctrlProgressBar V 1.01")
     Q_CLASSINFO("AboutDescription", "Fortschrittsbalken (internationalisiert)")
     Q_PROPERTY(QFont Font READ Font STORED false)
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// Creates the control; a form's loader passes the form as parent.

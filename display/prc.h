@@ -13,8 +13,6 @@ class VORELLE_EXPORT prc : public FormControl {
     Q_CLASSINFO("EventInterfaceId", "{1FCFF999-F1E6-402A-9D80-3EF31BAFB7AD}")
     Q_CLASSINFO("AboutHeader", "ctrlProgressClock V 1.01")
     Q_CLASSINFO("AboutDescription", "Fortschrittsuhr (internationalisiert)")
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// Creates the control; a form's loader passes the form as parent.

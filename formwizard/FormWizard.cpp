@@ -25,6 +25,7 @@
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
 #include "host/platform/MessageBox.h"
+#include "host/platform/PopupMenu.h"
 #include "host/platform/Screen.h"
 #include "host/platform/SystemColors.h"
 
@@ -96,6 +97,7 @@ public:
     void onResize();
     void onKeyDown(int& keyCode, int shift);
     void onMouseDown(int button, int shift, float x, float y);
+    void dialogMenu();
 
     void formEffect(const QString& colour);
     void buildTitle();
@@ -303,8 +305,76 @@ void FormWizardPrivate::onKeyDown(int& keyCode, int shift) {
 }
 
 void FormWizardPrivate::onMouseDown(int button, int shift, float x, float y) {
+    if (button == 2) {
+        dialogMenu();
+    }
     QVariantList args{button, shift, x, y};
     callForm("Form_MouseDown2", args);
+}
+
+// The right-click menu of the form: the user's switches, the dialog style, the window
+// commands.
+void FormWizardPrivate::dialogMenu() {
+    const QString cool = QStringLiteral("Cool and hot");
+    const QString winter = QStringLiteral("Winter");
+    const QString business = QStringLiteral("Business");
+    const QString quick = QStringLiteral("Quick and simple");
+    auto checked = [](bool on) { return on ? int(MenuChecked) : 0; };
+    auto style = [&](const QString& name) { return checked(CurrentDialogStyle() == name); };
+
+    MenuStart(QStringLiteral("formwizard"), QStringLiteral("Dialog"), QStringLiteral("Dialog"));
+    MenuAdd(QStringLiteral("tooltips"), QStringLiteral("ToolTipps anzeigen"),
+            QStringLiteral("Show tooltips"), checked(!DoNotShowToolTips()));
+    MenuAdd(QStringLiteral("statusscroll"), QStringLiteral("Statuszeile bei Überlänge scrollen"),
+            QStringLiteral("Scroll status bar if too wide"), checked(!DoNotScrollStatus()));
+    MenuAdd(QStringLiteral("statusscroll2"),
+            QStringLiteral("Hinweise zu Steuerelementen bei Übergröße scrollen"),
+            QStringLiteral("Scroll control description in status bar if too large"),
+            checked(!DoNotScrollStatus2()));
+    if (!overrideUserStyle) {
+        MenuSub(QStringLiteral("dStyle"), QStringLiteral("Dialog-Style"),
+                QStringLiteral("Dialog style"));
+        MenuAdd(cool, QStringLiteral("Cool and hot (kalt und heiss)"), cool, style(cool));
+        MenuAdd(winter, QStringLiteral("Winter (Schnee und Eis)"),
+                QStringLiteral("Winter (snow and ice)"), style(winter));
+        MenuAdd(business, QStringLiteral("Business (grau in grau)"),
+                QStringLiteral("Business (gray on gray)"), style(business));
+        MenuAdd(quick, QStringLiteral("Quick and simple (schnell und einfach)"), quick,
+                style(quick));
+        MenuEndSub();
+    }
+    if (HasMultipleMonitors()) {
+        MenuAdd(QStringLiteral("nextmonitor"),
+                QStringLiteral("Auf anderem Monitor darstellen \t(Strg+F11)"),
+                QStringLiteral("Display on other monitor \t(Ctrl+F11)"));
+    }
+    MenuAdd(QStringLiteral("posreset"),
+            QStringLiteral("Fensterpositionen zurücksetzen \t(Strg+F12)"),
+            QStringLiteral("Reset window positions \t(Ctrl+F12)"));
+    const QString chosen = MenuShow(q);
+
+    if (chosen == u"posreset") {
+        q->FensterPosReset();
+    } else if (chosen == u"nextmonitor") {
+        WindowToNextScreen(parent);
+    } else if (chosen == u"tooltips" || chosen == u"statusscroll" || chosen == u"statusscroll2") {
+        ToolTipHide();
+        bool& on = chosen == u"tooltips"       ? DoNotShowToolTips()
+                   : chosen == u"statusscroll" ? DoNotScrollStatus()
+                                               : DoNotScrollStatus2();
+        on = !on;
+        const QString name = chosen == u"tooltips"       ? QStringLiteral("DoNotShowToolTips")
+                             : chosen == u"statusscroll" ? QStringLiteral("DoNotScrollStatus")
+                                                         : QStringLiteral("DoNotScrollStatus2");
+        RegSetApp(parentName, name, QString::number(BoolToInt(on)));
+    } else if (chosen.contains(QStringLiteral("dStyle\\"))) {
+        const QString picked = TokenGet(chosen, QStringLiteral("\\"), 2);
+        RegSetApp(parentName, QStringLiteral("DialogStyle"), picked);
+        q->SetDialogStyle(picked);
+        q->RefreshForm();
+        q->Status1(QStringLiteral("Dialog-Style ") + picked + QStringLiteral(" gesetzt."),
+                   QStringLiteral("Dialog style ") + picked + QStringLiteral(" set."));
+    }
 }
 
 // --- Drawing -----------------------------------------------------------------------------
@@ -583,11 +653,7 @@ void FormWizard::Resize() {
 }
 
 QImage& FormWizard::surface() {
-    const QSize wanted = size().expandedTo(QSize(1, 1));
-    if (d->surface.size() != wanted) {
-        d->surface = QImage(wanted, QImage::Format_ARGB32_Premultiplied);
-        d->surface.fill(Qt::white);
-    }
+    fitToWidget(d->surface, *this, Qt::white, false);
     return d->surface;
 }
 

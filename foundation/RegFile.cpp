@@ -52,13 +52,21 @@ bool needsHex(const QString& text) {
 }
 
 QString hexString(const QString& text) {
-    QStringList bytes;
+    static constexpr char16_t kDigits[] = u"0123456789abcdef";
+    QString out = QStringLiteral("hex(1):");
+    out.reserve(out.size() + (text.size() + 1) * 6);
+    auto byte = [&](uint b) {
+        out += QChar(kDigits[b >> 4]);
+        out += QChar(kDigits[b & 0xf]);
+    };
     for (const QChar c : text) {
-        bytes << QStringLiteral("%1").arg(c.unicode() & 0xff, 2, 16, QLatin1Char('0'))
-              << QStringLiteral("%1").arg(c.unicode() >> 8, 2, 16, QLatin1Char('0'));
+        byte(c.unicode() & 0xff);
+        out += u',';
+        byte(c.unicode() >> 8);
+        out += u',';
     }
-    bytes << QStringLiteral("00") << QStringLiteral("00");
-    return QStringLiteral("hex(1):") + bytes.join(u',');
+    out += QStringLiteral("00,00");
+    return out;
 }
 
 // The spelling the store keeps for each part of a path; false when a part is missing.
@@ -143,13 +151,23 @@ bool readQuoted(const QString& line, qsizetype* pos, QString* text, QString* err
 }
 
 bool readHexString(const QString& data, QString* text, QString* error) {
-    const QStringList parts = data.split(u',', Qt::SkipEmptyParts);
     QByteArray bytes;
-    for (const QString& part : parts) {
+    bytes.reserve(data.size() / 3 + 1);
+    for (qsizetype at = 0; at <= data.size();) {
+        qsizetype end = data.indexOf(u',', at);
+        if (end < 0) {
+            end = data.size();
+        }
+        const QStringView raw = QStringView(data).sliced(at, end - at);
+        at = end + 1;
+        if (raw.isEmpty()) {
+            continue;
+        }
+        const QStringView part = raw.trimmed();
         bool ok = false;
-        const uint b = part.trimmed().toUInt(&ok, 16);
-        if (!ok || b > 0xff || part.trimmed().size() > 2) {
-            *error = QStringLiteral("\"%1\" is no hexadecimal byte").arg(part.trimmed());
+        const uint b = part.toUInt(&ok, 16);
+        if (!ok || b > 0xff || part.size() > 2) {
+            *error = QStringLiteral("\"%1\" is no hexadecimal byte").arg(part);
             return false;
         }
         bytes.append(static_cast<char>(b));
@@ -158,8 +176,8 @@ bool readHexString(const QString& data, QString* text, QString* error) {
         *error = QStringLiteral("a hex(1) value needs an even number of bytes");
         return false;
     }
-    *text =
-        QString::fromUtf16(reinterpret_cast<const char16_t*>(bytes.constData()), bytes.size() / 2);
+    *text = QString(reinterpret_cast<const QChar*>(bytes.constData()),
+                    bytes.size() / 2);  // no BOM rule
     if (text->endsWith(QChar(0))) {
         text->chop(1);  // the terminator
     }

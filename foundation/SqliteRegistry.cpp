@@ -459,6 +459,16 @@ public:
             return *this;
         }
         Use& bind(int index, const QString& text) {
+            const char16_t first = text.isEmpty() ? 0 : text.front().unicode();
+            if (first == 0xFEFF || first == 0xFFFE) {
+                // SQLite takes a leading U+FEFF or U+FFFE for a byte order mark, drops it and
+                // after U+FFFE swaps the bytes: a mark of our own in front is what it drops.
+                const QString marked = QChar(0xFEFF) + text;
+                sqlite3_bind_text16(stmt_, index, marked.utf16(),
+                                    static_cast<int>(marked.size() * sizeof(char16_t)),
+                                    SQLITE_TRANSIENT);
+                return *this;
+            }
             // The text outlives the use, whose end clears the bindings: no copy is needed.
             sqlite3_bind_text16(stmt_, index, text.utf16(),
                                 static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_STATIC);
@@ -483,9 +493,10 @@ public:
         }
         sqlite3_int64 integer(int column) const { return sqlite3_column_int64(stmt_, column); }
         QString text(int column) const {
-            const auto* chars = static_cast<const char16_t*>(sqlite3_column_text16(stmt_, column));
-            const int bytes = sqlite3_column_bytes16(stmt_, column);
-            return QString::fromUtf16(chars, bytes / 2);
+            // Copied as it is: QString::fromUtf16 would take a leading U+FEFF or U+FFFE for
+            // a byte order mark.
+            const auto* chars = static_cast<const QChar*>(sqlite3_column_text16(stmt_, column));
+            return QString(chars, sqlite3_column_bytes16(stmt_, column) / 2);
         }
         QByteArray blob(int column) const {
             const auto* bytes = static_cast<const char*>(sqlite3_column_blob(stmt_, column));

@@ -76,6 +76,8 @@ class VORELLE_EXPORT Txt : public FormControl {
     Q_PROPERTY(int Multiline READ Multiline STORED false)
     Q_PROPERTY(int ScrollBars READ ScrollBars STORED false)
     Q_PROPERTY(qint32 FillColor READ FillColor WRITE setFillColor STORED false)
+    Q_PROPERTY(qint32 hdc READ hdc STORED false)
+    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// Creates the field with its frames and symbols; started by the host.

@@ -1,11 +1,15 @@
 #include "DemoForm.h"
 
+#include <QComboBox>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 
 #include "DemoTexts.h"
+#include "formwizard/DialogStyle.h"
 #include "foundation/Language.h"
+#include "foundation/LateBinding.h"
+#include "foundation/RegStore.h"
 #include "host/form/FormLoader.h"
 #include "host/platform/MessageBox.h"
 
@@ -41,7 +45,34 @@ void DemoForm::Form_Load2() {
             });
         }
     }
+    if (auto* styles = findChild<QComboBox*>(QStringLiteral("cboStil"))) {
+        styles->clear();
+        styles->addItems(dialogStyles());
+        styles->setCurrentText(CurrentDialogStyle());
+        connect(styles, &QComboBox::currentTextChanged, this, &DemoForm::applyStyle);
+    }
     LanguageChanged();
+}
+
+QStringList DemoForm::dialogStyles() {
+    return {QStringLiteral("Cool and hot"), QStringLiteral("Winter"), QStringLiteral("Business"),
+            QStringLiteral("Quick and simple")};
+}
+
+void DemoForm::applyStyle(const QString& style) {
+    for (Form* form : Form::loadedForms()) {
+        RegSetApp(form->Name(), QStringLiteral("DialogStyle"), style);
+        if (QObject* wizard = form->Controls(QStringLiteral("FormWizard1"))) {
+            LateCall(wizard, "SetDialogStyle", {style});
+        }
+    }
+}
+
+void DemoForm::Form_Activate2() {
+    if (auto* styles = findChild<QComboBox*>(QStringLiteral("cboStil"))) {
+        const QSignalBlocker block(styles);
+        styles->setCurrentText(CurrentDialogStyle());
+    }
 }
 
 void DemoForm::LanguageChanged() {

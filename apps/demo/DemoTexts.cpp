@@ -6,9 +6,9 @@
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/RegStore.h"
-#include "host/frame/ControlBase.h"
 #include "host/form/Form.h"
 #include "host/form/UiDocument.h"
+#include "host/frame/ControlBase.h"
 
 namespace vorelle::demo {
 

@@ -1,8 +1,9 @@
 // vorelle-demo: the library's forms, built from the .ui files of apps/demo/forms.
 //   vorelle-demo                  the start form with the language switch and the list of forms
-//   vorelle-demo --screenshot DIR every form rendered offscreen in both languages to
-//                                 DIR/<form>_de.png and DIR/<form>_en.png, on a settings
-//                                 store in memory (the user's settings stay untouched)
+//   vorelle-demo --screenshot DIR every form rendered offscreen in each dialog style and
+//                                 both languages to DIR/<form>_<style>_de.png and
+//                                 DIR/<form>_<style>_en.png, on a settings store in memory
+//                                 (the user's settings stay untouched)
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -59,6 +60,15 @@ void focusForShot(Form& form) {
     }
 }
 
+// "Quick and simple" gives "QuickAndSimple".
+QString styleFileName(const QString& style) {
+    QString name;
+    for (const QString& word : style.split(u' ', Qt::SkipEmptyParts)) {
+        name += word.left(1).toUpper() + word.mid(1);
+    }
+    return name;
+}
+
 int screenshots(const QString& dir) {
     MemoryRegistry store;
     RegistryBackend* previous = RegistryBackend::setInstance(&store);
@@ -71,25 +81,29 @@ int screenshots(const QString& dir) {
     const QStringList forms = demoForms();
     for (const QString& path : forms) {
         const QString base = QFileInfo(path).completeBaseName();
-        std::unique_ptr<Form> form;
-        try {
-            form = openForm(path, forms);
-        } catch (const UiFileError& e) {
-            std::fprintf(stderr, "vorelle-demo: %s\n", e.what());
-            ++failures;
-            continue;
-        }
-        form->show();
-        focusForShot(*form);
+        // Each language on a freshly loaded form, so that the status bar speaks it from
+        // the start; the styles one after the other, as a user would switch them.
         for (const QString& language : {QStringLiteral("de"), QStringLiteral("en")}) {
             demo::SwitchLanguage(language);
-            LateCall(form.get(), "LanguageChanged");
-            QApplication::processEvents();
-            const QString file =
-                QDir(dir).filePath(base + u'_' + language + QStringLiteral(".png"));
-            if (!form->grab().save(file)) {
-                std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+            std::unique_ptr<Form> form;
+            try {
+                form = openForm(path, forms);
+            } catch (const UiFileError& e) {
+                std::fprintf(stderr, "vorelle-demo: %s\n", e.what());
                 ++failures;
+                break;
+            }
+            form->show();
+            focusForShot(*form);
+            for (const QString& style : demo::DemoForm::dialogStyles()) {
+                LateCall(form->Controls(QStringLiteral("FormWizard1")), "SetDialogStyle", {style});
+                QApplication::processEvents();
+                const QString file = QDir(dir).filePath(base + u'_' + styleFileName(style) + u'_' +
+                                                        language + QStringLiteral(".png"));
+                if (!form->grab().save(file)) {
+                    std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+                    ++failures;
+                }
             }
         }
     }

@@ -255,16 +255,7 @@ void Form::setBackColor(qint32 color) {
 }
 
 QImage& Form::surface() {
-    const QSize wanted = size().expandedTo(QSize(1, 1));
-    if (d->surface.size() != wanted) {
-        QImage grown(wanted, QImage::Format_ARGB32_Premultiplied);
-        grown.fill(Qt::transparent);
-        if (!d->surface.isNull()) {
-            QPainter p(&grown);
-            p.drawImage(0, 0, d->surface);
-        }
-        d->surface = std::move(grown);
-    }
+    fitToWidget(d->surface, *this, Qt::transparent, true);
     return d->surface;
 }
 

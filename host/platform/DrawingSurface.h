@@ -4,6 +4,9 @@
 
 #include "foundation/Export.h"
 
+class QColor;
+class QWidget;
+
 namespace vorelle {
 
 /// A widget with a persistent drawing (the redraw image of AutoRedraw): the gradient
@@ -17,6 +20,12 @@ public:
     virtual QImage& surface() = 0;
     /// Shows what was drawn into surface() (schedules a repaint).
     virtual void surfaceChanged() = 0;
+
+protected:
+    /// Brings image to the widget's size at the widget's device pixel ratio, so that what is
+    /// drawn into it in widget coordinates stays sharp on a scaled screen. A new image is
+    /// filled with blank; with keep, what was drawn before is copied into it.
+    static void fitToWidget(QImage& image, const QWidget& widget, const QColor& blank, bool keep);
 };
 
 }  // namespace vorelle

@@ -9,12 +9,14 @@
 #include "errors/ScopedLanguage.h"
 #include "formwizard/DialogStyle.h"
 #include "formwizard/FormWizard.h"
+#include "formwizard/ModuleSwitches.h"
 #include "foundation/LibraryInfo.h"
 #include "foundation/RegStore.h"
 #include "foundation/Zentral.h"
 #include "host/form/Form.h"
 #include "host/frame/OleColor.h"
 #include "support/Doubles.h"
+#include "support/FakePopupMenu.h"
 #include "support/QtPrinters.h"
 
 namespace vorelle {
@@ -252,6 +254,55 @@ TEST_F(FormWizardTest, TheStoredStyleComesBackAtLoadUnlessTheFormOverridesIt) {
     EXPECT_EQ(CurrentDialogStyle(), "Cool and hot");
     EXPECT_EQ(own.BackColor(), 0x123456);
     EXPECT_EQ(own.calls.filter("Activate2").size(), 1) << "no style applied at Load";
+}
+
+// The right-click menu: the style chosen there holds for the next run of the form, the
+// switches are the user's per form; a form that overrides the style has no style submenu.
+TEST_F(FormWizardTest, TheDialogMenuSetsTheStyleAndTheUsersSwitchesForTheNextRun) {
+    test::FakePopupMenu menu;
+    ScopedService<PopupMenu> scopedMenu{menu};
+    form.wizard = addWizard(&form);
+    showActive(form);
+    form.calls.clear();
+
+    menu.choose = QStringLiteral("dStyle\\Winter");
+    QTest::mouseClick(&form, Qt::RightButton, {}, QPoint(40, 40));
+    ASSERT_EQ(menu.shown.size(), 1);
+    EXPECT_EQ(menu.shown[0].title, "Dialog");
+    EXPECT_NE(menu.flagsOf(QStringLiteral("dStyle\\Cool and hot")) & MenuChecked, 0);
+    EXPECT_NE(menu.flagsOf(QStringLiteral("tooltips")) & MenuChecked, 0);
+    EXPECT_EQ(menu.flagsOf(QStringLiteral("nextmonitor")), -1) << "one screen only";
+    EXPECT_EQ(CurrentDialogStyle(), "Winter");
+    EXPECT_EQ(form.BackColor(), 0xFFFFFF);
+    EXPECT_EQ(form.wizard->GetStatus1().toString(), "Dialog style Winter set.");
+    EXPECT_EQ(form.calls, QStringList({"Activate2", "MouseDown2(2,0)"}));
+
+    menu.choose = QStringLiteral("tooltips");
+    QTest::mouseClick(&form, Qt::RightButton, {}, QPoint(40, 40));
+    EXPECT_TRUE(DoNotShowToolTips());
+    EXPECT_EQ(RegGetApp(QStringLiteral("frmKunden"), QStringLiteral("DoNotShowToolTips"), {}), "1");
+    form.close();
+
+    CurrentDialogStyle().clear();
+    DoNotShowToolTips() = false;
+    ManagedForm again;
+    again.setName(QStringLiteral("frmKunden"));
+    again.wizard = addWizard(&again);
+    showActive(again);
+    EXPECT_EQ(CurrentDialogStyle(), "Winter");
+    EXPECT_TRUE(DoNotShowToolTips());
+    DoNotShowToolTips() = false;
+    again.close();
+
+    ManagedForm own;
+    own.setName(QStringLiteral("frmOwn"));
+    own.wizard = addWizard(&own, QStringLiteral("FormWizard1"),
+                           [](FormWizard* w) { w->setOverrideUserStyle(true); });
+    showActive(own);
+    menu.choose.clear();
+    QTest::mouseClick(&own, Qt::RightButton, {}, QPoint(40, 40));
+    EXPECT_EQ(menu.flagsOf(QStringLiteral("dStyle")), -1);
+    EXPECT_EQ(menu.flagsOf(QStringLiteral("posreset")), 0);
 }
 
 TEST_F(FormWizardTest, CoolAndHotPaintsTheFormsDiagonalAndTheStatusGradient) {

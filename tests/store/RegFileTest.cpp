@@ -144,14 +144,16 @@ TEST(RegFileText, ReadsTheEditorsVariants) {
                                   "[HKCU\\Software\\Haldrake\\X]\r\n"
                                   "@=\"d\"\r\n"
                                   "\"h\" = hex(1):41,00,\\\r\n"
-                                  "  42,00,00,00\r\n")))
+                                  "  42,00,00,00\r\n"
+                                  "\"b\"=hex(1):fe,ff,41,00,00,00\r\n")))
         << file.errorMessage().toStdString();
-    ASSERT_EQ(file.changes().size(), 3);
+    ASSERT_EQ(file.changes().size(), 4);
     EXPECT_EQ(file.changes().at(0).kind, RegFile::Change::CreateKey);
     EXPECT_EQ(file.changes().at(1).name, QString());
     EXPECT_EQ(file.changes().at(1).data, QByteArray("d"));
     EXPECT_EQ(file.changes().at(2).name, QStringLiteral("h"));
     EXPECT_EQ(file.changes().at(2).data, QByteArray("AB"));
+    EXPECT_EQ(file.changes().at(3).data, QByteArray("?A")) << "fe,ff is a character, no mark";
 }
 
 struct Encoded {

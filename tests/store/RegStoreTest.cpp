@@ -2,6 +2,7 @@
 
 #include "StoreFixture.h"
 #include "foundation/Language.h"
+#include "foundation/RegFile.h"
 #include "foundation/RegStore.h"
 #include "foundation/Zentral.h"
 
@@ -185,6 +186,26 @@ TEST_P(RegValues, KeysAndNamesIgnoreCase) {
     EXPECT_EQ(child, QStringLiteral("form1")) << "a key keeps the spelling it was made with";
     EXPECT_EQ(backend_->enumKey(key, 1, &child), REG_NO_MORE_ITEMS);
     backend_->closeKey(key);
+}
+
+// U+FEFF and U+FFFE are plain characters of a key or a name, not byte order marks: a name
+// that begins with one is neither cut nor read with its bytes swapped, and the listing
+// gives it back as written.
+TEST_P(RegValues, KeysAndNamesBeginningWithAByteOrderMarkStayAsTheyAre) {
+    const QString bom = QString(QChar(0xFEFF)) + QStringLiteral("a");
+    const QString swapped = QString(QChar(0xFFFE)) + QStringLiteral("a");
+    const QString key = bom + QStringLiteral("\\") + swapped;
+    const QStringList names{bom, swapped, QStringLiteral("a")};
+    for (int i = 0; i < names.size(); ++i) {
+        RegSet(QStringLiteral("Prog"), key, names[i], QString::number(i));
+    }
+    for (int i = 0; i < names.size(); ++i) {
+        EXPECT_EQ(RegGet(QStringLiteral("Prog"), key, names[i], {}), QString::number(i))
+            << names[i].toUtf8().toHex().toStdString();
+    }
+    const QString exported = RegFile::exportText(HKEY_CURRENT_USER, QStringLiteral("Software"));
+    EXPECT_TRUE(exported.contains(u'"' + swapped + QStringLiteral("\"=\"1\"")));
+    EXPECT_TRUE(exported.contains(QStringLiteral("Prog\\") + key + u']'));
 }
 
 TEST_P(RegValues, WritingCreatesAllParents) {
