@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QTimer>
 #include <functional>
 #include <stdexcept>
@@ -9,6 +10,7 @@
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "formwizard/MouseTracker.h"
+#include "foundation/Zentral.h"
 #include "host/form/Form.h"
 #include "host/hooks/WindowHandle.h"
 #include "support/Doubles.h"
@@ -90,6 +92,29 @@ class CmdProbe : public Probe {
 public:
     using Probe::Probe;
     QString buttonType, caption;
+};
+
+// A progress bar and a description, whose captions the expansion measures by their own rules.
+class PrbProbe : public Probe {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "prb")
+    Q_PROPERTY(double Percent MEMBER percent)
+    Q_PROPERTY(int Nachkommastellen MEMBER digits)
+public:
+    using Probe::Probe;
+    double percent = 42.25;
+    int digits = 1;
+};
+
+class DesProbe : public Probe {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "des")
+    Q_PROPERTY(bool Multiline MEMBER multiline)
+    Q_PROPERTY(qint32 Height MEMBER heightTwips)
+public:
+    using Probe::Probe;
+    bool multiline = true;
+    qint32 heightTwips = 1200;
 };
 
 // A control whose members throw.
@@ -379,6 +404,29 @@ TEST_F(MouseTrackerTest, CaptionExpandsOnlyWhenTooWideAndInsideTheForm) {
     at(300, 200);
     at(110, 110);
     EXPECT_EQ(hints.expansions.size(), 3) << "an empty Caption never expands";
+}
+
+TEST_F(MouseTrackerTest, ProgressBarShowsItsPercentAndAMultilineDescriptionHasRoomForItsLines) {
+    auto* bar = control<PrbProbe>("prbA", QRect(10, 10, 20, 20));
+    bar->captionEn = QStringLiteral("done");
+    bar->widthTwips = 150;
+    at(15, 15);
+    ASSERT_EQ(hints.expansions.size(), 1);
+    EXPECT_EQ(hints.expansions[0].text,
+              RoundTo(42.25, 1, QStringLiteral("=+-"), true).toString() + "% done");
+
+    auto* des = control<DesProbe>("desB", QRect(100, 10, 50, 80));
+    des->captionEn = QString(200, u'W');
+    des->widthTwips = 750;
+    at(110, 20);
+    ASSERT_EQ(hints.expansions.size(), 2);
+    const int line = QFontMetrics(des->font()).height() * 15 + 60;
+    EXPECT_EQ(hints.expansions[1].room, (1200 / line + 1) * 750) << "one width for each line";
+    des->multiline = false;
+    at(300, 200);
+    at(110, 20);
+    ASSERT_EQ(hints.expansions.size(), 3);
+    EXPECT_EQ(hints.expansions[2].room, 750);
 }
 
 }  // namespace
