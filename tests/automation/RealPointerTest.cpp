@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QStyleHints>
 #include <QTest>
+#include <optional>
 
 #include "automation/Mouse.h"
 #include "automation/SteppingSleeper.h"
@@ -40,8 +41,12 @@ void clicksAndPathOnTheServer() {
     form.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
 
-    // A double click's presses are 220 ms apart plus what a loaded machine adds.
+    // The clicks' waits are recorded, not slept: the X server gets press and release at
+    // once, and the test waits for their events. A loaded machine may still put time
+    // between the two clicks of a double click.
     QGuiApplication::styleHints()->setMouseDoubleClickInterval(2000);
+    test::SteppingSleeper clickWaits;
+    std::optional<ScopedService<Sleeper>> scopedClickWaits(std::in_place, clickWaits);
     Mouse mouse;
     const QPoint onButton = button->mapToGlobal(button->rect().center());
     mouse.ClickAt(twips(onButton).x(), twips(onButton).y());
@@ -52,6 +57,9 @@ void clicksAndPathOnTheServer() {
     mouse.DblClickAt(twips(onAlpha).x(), twips(onAlpha).y());
     EXPECT_TRUE(QTest::qWaitFor([&] { return field->selectedText() == "alpha"; }, 5000))
         << "selected: " << field->selectedText().toStdString();
+
+    EXPECT_EQ(clickWaits.waits, (QList<int>{10, 100, 100, 100, 100, 20, 100, 100}));
+    scopedClickWaits.reset();
 
     // Record: the pointer goes from the empty form to the button, presses and releases
     // there and leaves; Scroll Lock is on for four samples.
