@@ -21,6 +21,7 @@
 #include "host/frame/OleColor.h"
 #include "host/hooks/Hooks.h"
 #include "host/hooks/SystemMenu.h"
+#include "host/hooks/WindowHandle.h"
 #include "host/input/WindowGeometry.h"
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
@@ -843,7 +844,7 @@ void FormWizard::TimerMouseEvent_Timer() {
         d->timer->stop();
         return;
     }
-    if (WindowGeometry::instance().activeWindow() != form->hWnd()) {
+    if (WindowGeometry::instance().activeWindow() != HwndOf(form->window())) {
         return;  // only the active window tracks and takes keys
     }
     // The keyboard part (access keys) runs here, before the mouse.
