@@ -285,11 +285,10 @@ void MouseTracker(int /*Interval*/, Form* form) {
     if (args.button != s.lastButton) {
         if (args.button > 0 && hit && hit.data() != s.pressedControl.data()) {
             s.pressedButton = args.button;
-            QObject* pressed = hit;
             if (readsTrue(hit, "Enabled")) {
                 callButtonXY(hit, "MouseDown", args);
             }
-            s.pressedControl = pressed;
+            s.pressedControl = hit;  // nothing when the handler took the control away
         } else if (args.button == 0) {
             if (hit && hit.data() == s.pressedControl.data()) {
                 MouseArgs release{s.pressedButton, args.x, args.y};
@@ -299,8 +298,6 @@ void MouseTracker(int /*Interval*/, Form* form) {
                 if (readsTrue(hit, "Enabled")) {
                     callButtonXY(hit, "MouseClick", release);
                 }
-                args.x = release.x;
-                args.y = release.y;
             }
             s.pressedControl = nullptr;
         }
