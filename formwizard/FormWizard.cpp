@@ -1,6 +1,7 @@
 #include "formwizard/FormWizard.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
@@ -42,6 +43,20 @@ void pumpMessages() {
 
 QString pick(const QString& de, const QString& en) {
     return LangText(de, EnglishOrGerman(de, en));
+}
+
+constexpr int kTickInterval = 20;
+
+// Every manager's timer ticks on the same 20 ms steps of one clock: with several forms open
+// the process wakes once a step, not once a step for each form. A timer starts with what
+// is left to the next step and takes its 20 ms at its first tick.
+void startOnCommonStep(QTimer* timer) {
+    static QElapsedTimer clock;
+    if (!clock.isValid()) {
+        clock.start();
+    }
+    const auto left = static_cast<int>(kTickInterval - clock.elapsed() % kTickInterval);
+    timer->start(left);
 }
 
 }  // namespace
@@ -535,7 +550,7 @@ FormWizard::FormWizard(QWidget* parent)
     initForeColor(kDefaultForeColor);
     d->timer = new QTimer(this);
     d->timer->setObjectName(QStringLiteral("TimerMouseEvent"));
-    d->timer->setInterval(20);
+    d->timer->setInterval(kTickInterval);
     connect(d->timer, &QTimer::timeout, this, &FormWizard::TimerMouseEvent_Timer);
     d->line1 = new QFrame(this);
     d->line1->setObjectName(QStringLiteral("Line1"));
@@ -571,7 +586,7 @@ void FormWizard::InitProperties() {
     d->readProgram();
     d->bindToParent();
     d->readUserSwitches();
-    d->timer->start();
+    startOnCommonStep(d->timer);
 }
 
 void FormWizard::ReadProperties(const PropertyBag& bag) {
@@ -618,7 +633,7 @@ void FormWizard::ReadProperties(const PropertyBag& bag) {
 
     d->bindToParent();
     d->readUserSwitches();
-    d->timer->start();  // at design time it ends itself at its first tick
+    startOnCommonStep(d->timer);  // at design time it ends itself at its first tick
 }
 
 void FormWizard::WriteProperties(PropertyBag& bag) const {
@@ -826,6 +841,9 @@ void FormWizard::SetDialogStyle(const QString& dStyle) {
 }
 
 void FormWizard::TimerMouseEvent_Timer() {
+    if (d->timer->interval() != kTickInterval && d->timer->isActive()) {
+        d->timer->setInterval(kTickInterval);  // on the common step from now on
+    }
     d->advanceScrolling();
     if (!d->eventsBound) {
         d->bindToParent();
@@ -848,7 +866,7 @@ void FormWizard::TimerMouseEvent_Timer() {
         return;  // only the active window tracks and takes keys
     }
     // The keyboard part (access keys) runs here, before the mouse.
-    MouseTracker(d->timer->interval(), form);
+    MouseTracker(kTickInterval, form);
 }
 
 void FormWizard::FensterPosReset() {
