@@ -3,7 +3,9 @@
 #include <QCoreApplication>
 #include <QPointer>
 #include <QStringList>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "host/form/Form.h"
 #include "host/input/CursorState.h"
@@ -65,11 +67,13 @@ double numberOf(const QStringList& tokens, qsizetype index) {
     }
     bool ok = false;
     const double value = tokens.at(index).trimmed().toDouble(&ok);
-    return ok ? value : 0;
+    return ok && std::isfinite(value) ? value : 0;
 }
 
+// Rounded to even as a Long takes a number, and held within a Long's range.
 qint32 toLong(double value) {
-    return static_cast<qint32>(std::nearbyint(value));
+    const double limit = std::numeric_limits<qint32>::max();
+    return static_cast<qint32>(std::nearbyint(std::clamp(value, -limit - 1, limit)));
 }
 
 }  // namespace

@@ -34,7 +34,7 @@ Connection& connection() {
 
 Display* display() {
     Connection& c = connection();
-    if (!c.tried) {
+    if (!c.tried && QGuiApplication::instance()) {
         c.tried = true;
         if (QGuiApplication::platformName() != QLatin1String("xcb")) {
             return nullptr;

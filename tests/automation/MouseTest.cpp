@@ -157,13 +157,18 @@ TEST_F(MouseTest, ReplayMovesEachTripleAndHoldsOneButtonAtATime) {
     EXPECT_EQ(input.sent, (QStringList{"m0", "m0", "m8", "m16", "m8"}))
         << "3 sends the flags kept before; a held button stays held at the end";
 
-    for (const char* nothing : {"", "0,300,1,150,300,1,", "abc", ",,,"}) {
+    for (const char* nothing : {"", "0,300,1,150,300,1,", "abc", ",,,", "nan,15,1,", "-inf,1,1,"}) {
         input.sent.clear();
         sleeper.waits.clear();
         mouse.PfadAbspielen(QString::fromLatin1(nothing));
         EXPECT_TRUE(input.sent.isEmpty()) << nothing;
         EXPECT_TRUE(sleeper.waits.isEmpty()) << nothing;
     }
+
+    sleeper.seen.clear();
+    mouse.PfadAbspielen(QStringLiteral("1e300,15,1e300,inf,30,0,"));
+    EXPECT_EQ(sleeper.seen.size(), 1) << "numbers beyond a Long are held at its limit";
+    EXPECT_EQ(input.sent, QStringList{"m0"}) << "a button beyond the known ones presses nothing";
 
     Form form;
     form.setGeometry(100, 50, 200, 100);
