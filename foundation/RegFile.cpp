@@ -150,6 +150,18 @@ bool readQuoted(const QString& line, qsizetype* pos, QString* text, QString* err
     return false;
 }
 
+// The value of a hexadecimal digit, -1 for any other character.
+int hexDigit(QChar c) {
+    const char16_t u = c.unicode();
+    if (u >= u'0' && u <= u'9') {
+        return u - u'0';
+    }
+    if ((u | 0x20) >= u'a' && (u | 0x20) <= u'f') {
+        return (u | 0x20) - u'a' + 10;
+    }
+    return -1;
+}
+
 bool readHexString(const QString& data, QString* text, QString* error) {
     QByteArray bytes;
     bytes.reserve(data.size() / 3 + 1);
@@ -164,9 +176,12 @@ bool readHexString(const QString& data, QString* text, QString* error) {
             continue;
         }
         const QStringView part = raw.trimmed();
-        bool ok = false;
-        const uint b = part.toUInt(&ok, 16);
-        if (!ok || b > 0xff || part.size() > 2) {
+        int b = part.isEmpty() || part.size() > 2 ? -1 : 0;
+        for (qsizetype i = 0; b >= 0 && i < part.size(); ++i) {
+            const int digit = hexDigit(part[i]);
+            b = digit < 0 ? -1 : b * 16 + digit;
+        }
+        if (b < 0) {
             *error = QStringLiteral("\"%1\" is no hexadecimal byte").arg(part);
             return false;
         }

@@ -39,6 +39,9 @@ char ansiByte(char32_t codePoint) {
     if (codePoint < 0x80 || (codePoint >= 0xA0 && codePoint <= 0xFF)) {
         return static_cast<char>(codePoint);
     }
+    if (codePoint < 0x81 || codePoint > 0x2122) {
+        return '?';  // below and above every code point of the high block
+    }
     for (std::size_t i = 0; i < kHighBlock.size(); ++i) {
         if (kHighBlock[i] == codePoint) {
             return static_cast<char>(0x80 + i);
@@ -125,19 +128,20 @@ constexpr char kFileLineEnd[] = "\n";
 }  // namespace
 
 QByteArray ToAnsi(const QString& text) {
-    QByteArray bytes;
-    bytes.reserve(text.size());
     const qsizetype size = text.size();
+    QByteArray bytes(size, Qt::Uninitialized);
+    const char16_t* in = reinterpret_cast<const char16_t*>(text.constData());
+    char* out = bytes.data();
     for (qsizetype i = 0; i < size; ++i) {
-        const char16_t unit = text.at(i).unicode();
-        if (QChar::isHighSurrogate(unit) && i + 1 < size &&
-            QChar::isLowSurrogate(text.at(i + 1).unicode())) {
+        const char16_t unit = in[i];
+        if (QChar::isHighSurrogate(unit) && i + 1 < size && QChar::isLowSurrogate(in[i + 1])) {
             ++i;  // one code point outside the code page: one "?"
-            bytes.append('?');
+            *out++ = '?';
             continue;
         }
-        bytes.append(ansiByte(unit));
+        *out++ = ansiByte(unit);
     }
+    bytes.truncate(out - bytes.data());
     return bytes;
 }
 
