@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "ClickTarget.h"
 #include "automation/Mouse.h"
 #include "host/form/Form.h"
 #include "support/FakeSleeper.h"
@@ -19,16 +20,11 @@ TEST(InProcessClicks, ReachTheWidgetUnderTheCursor) {
         GTEST_SKIP() << "the in-process delivery is tested on the offscreen platform";
     }
     test::FakeSleeper sleeper;
-    Form form;
-    form.setGeometry(40, 40, 320, 200);
-    auto* button = new QPushButton(QStringLiteral("OK"), &form);
-    button->setGeometry(20, 20, 100, 30);
-    auto* field = new QLineEdit(QStringLiteral("alpha beta"), &form);
-    field->setGeometry(20, 90, 200, 30);
-    int clicks = 0;
-    QObject::connect(button, &QPushButton::clicked, [&] { ++clicks; });
-    form.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    test::ClickTarget target;
+    ASSERT_TRUE(target.exposed());
+    QPushButton* button = target.button;
+    QLineEdit* field = target.field;
+    const int& clicks = target.clicks;
 
     Mouse mouse;
     const QPoint onButton = button->mapToGlobal(button->rect().center()) * 15;

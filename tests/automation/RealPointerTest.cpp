@@ -8,6 +8,7 @@
 #include <QTest>
 #include <optional>
 
+#include "ClickTarget.h"
 #include "automation/Mouse.h"
 #include "automation/SteppingSleeper.h"
 #include "host/form/Form.h"
@@ -29,17 +30,12 @@ QPoint twips(const QPoint& pixels) {
 // path replayed to the same places.
 void clicksAndPathOnTheServer() {
     ASSERT_EQ(QGuiApplication::platformName(), "xcb");
-    Form form;
-    form.setName(QStringLiteral("frmZeiger"));
-    form.setGeometry(40, 40, 320, 200);
-    auto* button = new QPushButton(QStringLiteral("OK"), &form);
-    button->setGeometry(20, 20, 100, 30);
-    auto* field = new QLineEdit(QStringLiteral("alpha beta"), &form);
-    field->setGeometry(20, 90, 200, 30);
-    int clicks = 0;
-    QObject::connect(button, &QPushButton::clicked, [&] { ++clicks; });
-    form.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&form));
+    test::ClickTarget target(QStringLiteral("frmZeiger"));
+    ASSERT_TRUE(target.exposed());
+    Form& form = target.form;
+    QPushButton* button = target.button;
+    QLineEdit* field = target.field;
+    const int& clicks = target.clicks;
 
     // The clicks' waits are recorded, not slept: the X server gets press and release at
     // once, and the test waits for their events. A loaded machine may still put time
