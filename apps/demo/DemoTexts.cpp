@@ -23,6 +23,9 @@ void applyTo(QWidget* w) {
             continue;
         }
         const QByteArray base = name.left(name.size() - 3);
+        if (base == "Caption" && qobject_cast<Form*>(w) && qobject_cast<Form*>(w)->manager()) {
+            continue;  // a managed form's title is built by its FormWizard1
+        }
         const QByteArray chosen = IsGerman() ? name : base + "_en";
         const QVariant text = w->property(chosen.constData());
         if (text.isValid()) {

@@ -14,6 +14,7 @@
 #include "MouseRecorder.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
+#include "foundation/LibraryInfo.h"
 #include "foundation/MemoryRegistry.h"
 #include "foundation/RegStore.h"
 #include "host/form/FormLoader.h"
@@ -123,6 +124,9 @@ int main(int argc, char** argv) {
     }
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("VorelleDemo"));
+    // The demo carries the library's version: the managed forms show it in their titles.
+    QApplication::setApplicationVersion(
+        QStringLiteral("%1.%2.%3").arg(kVersionMajor).arg(kVersionMinor).arg(kRevision));
     const QStringList args = QApplication::arguments();
     const qsizetype at = args.indexOf(QStringLiteral("--screenshot"));
     if (at >= 0) {
