@@ -1,11 +1,14 @@
 #include "formwizard/AutoResize.h"
 
+#include <QPointer>
 #include <QWidget>
 #include <cmath>
 #include <optional>
+#include <vector>
 
 #include "foundation/LateBinding.h"
 #include "foundation/RegStore.h"
+#include "foundation/RegistryBackend.h"
 #include "host/form/Form.h"
 #include "host/platform/Environment.h"
 
@@ -29,10 +32,23 @@ qint64 formBaseline(const QString& program, const QString& key, const QString& n
     return value ? static_cast<qint64>(std::nearbyint(*value)) : byDefault;
 }
 
+// The reads of one layout as one transaction of the store.
+class StoreReading {
+public:
+    StoreReading() { store_.begin(false); }
+    ~StoreReading() { store_.end(); }
+    StoreReading(const StoreReading&) = delete;
+    StoreReading& operator=(const StoreReading&) = delete;
+
+private:
+    RegistryBackend& store_ = RegistryBackend::instance();
+};
+
 }  // namespace
 
 bool AutoResize(Form* form, qint32 MinFormWidth, qint32 MinFormHeight) {
-    if (!form || form->WindowState() == 1) {
+    // A form that is not shown has no outer size yet to measure the growth by.
+    if (!form || !form->isVisible() || form->WindowState() == 1) {
         return false;
     }
     LockWindowUpdate(form);
@@ -44,42 +60,59 @@ bool AutoResize(Form* form, qint32 MinFormWidth, qint32 MinFormHeight) {
     }
     const qint64 formW = form->Width();
     const qint64 formH = form->Height();
-    const QString program = GetModuleAppName(QString());
-    const QString key = form->Name() + QStringLiteral("_init");
-    const double deltaW =
-        double(formW - formBaseline(program, key, QStringLiteral("Width"), 12000));
-    const double deltaH =
-        double(formH - formBaseline(program, key, QStringLiteral("Height"), 9000));
 
     static const char* const factorNames[] = {"ResizingMoveHor", "ResizingMoveVert",
                                               "ResizingResizeHor", "ResizingResizeVert"};
     static const char* const placeNames[] = {"Left", "Top", "Width", "Height"};
-    // The baseline numbers carry over from one control to the next where a value is no number.
-    std::optional<double> stored[4];
-    for (QWidget* control : form->Controls()) {
-        double factors[4];
-        bool all = true;
-        for (int i = 0; i < 4 && all; ++i) {
-            bool ok = false;
-            const QVariant value = LateGet(control, factorNames[i], &ok);
-            all = ok && value.canConvert<double>();
-            factors[i] = value.toDouble();
-        }
-        if (!all) {
-            continue;  // a control without factors
-        }
-        const QString controlKey = key + u'\\' + control->objectName();
-        for (int i = 0; i < 4; ++i) {
-            if (const auto value =
-                    numberOf(RegGet(program, controlKey, QString::fromLatin1(placeNames[i]),
-                                    QStringLiteral("defaultValue")))) {
-                stored[i] = value;
-            }
-        }
+    struct Move {
+        QPointer<QWidget> control;
+        double value[4];
+        bool wanted[4];
+    };
+    std::vector<Move> moves;
+    {
+        // Every baseline in one reading of the store, before anything moves.
+        StoreReading reading;
+        const QString program = GetModuleAppName(QString());
+        const QString key = form->Name() + QStringLiteral("_init");
+        const double deltaW =
+            double(formW - formBaseline(program, key, QStringLiteral("Width"), 12000));
+        const double deltaH =
+            double(formH - formBaseline(program, key, QStringLiteral("Height"), 9000));
         const double deltas[4] = {deltaW, deltaH, deltaW, deltaH};
-        for (int i = 0; i < 4; ++i) {
-            if (factors[i] > 0 && stored[i]) {
-                LateSet(control, placeNames[i], deltas[i] * factors[i] + *stored[i]);
+        // The baseline numbers carry over from one control to the next where a value is
+        // no number.
+        std::optional<double> stored[4];
+        for (QWidget* control : form->Controls()) {
+            double factors[4];
+            bool all = true;
+            for (int i = 0; i < 4 && all; ++i) {
+                bool ok = false;
+                const QVariant value = LateGet(control, factorNames[i], &ok);
+                all = ok && value.canConvert<double>();
+                factors[i] = value.toDouble();
+            }
+            if (!all) {
+                continue;  // a control without factors
+            }
+            const QString controlKey = key + u'\\' + control->objectName();
+            Move move{control, {}, {}};
+            for (int i = 0; i < 4; ++i) {
+                if (const auto value =
+                        numberOf(RegGet(program, controlKey, QString::fromLatin1(placeNames[i]),
+                                        QStringLiteral("defaultValue")))) {
+                    stored[i] = value;
+                }
+                move.wanted[i] = factors[i] > 0 && stored[i].has_value();
+                move.value[i] = move.wanted[i] ? deltas[i] * factors[i] + *stored[i] : 0;
+            }
+            moves.push_back(move);
+        }
+    }
+    for (const Move& move : moves) {
+        for (int i = 0; i < 4 && move.control; ++i) {
+            if (move.wanted[i]) {
+                LateSet(move.control, placeNames[i], move.value[i]);
             }
         }
     }

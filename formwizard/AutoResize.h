@@ -11,7 +11,8 @@ class Form;
 /// The automatic resizing of a form at its Resize. The form's baseline is Width and Height
 /// under <Form>_init of the program GetModuleAppName("") (12000 by 9000 twips when the
 /// store has none), each control's its Left, Top, Width and Height under
-/// <Form>_init\<Control>. Nothing happens for a minimised form (nor without a form);
+/// <Form>_init\<Control>. Nothing happens for a minimised form, nor for one that is not
+/// shown yet (its outer size is not known before);
 /// otherwise the form's window update is locked (the caller releases it with
 /// UnlockWindowUpdate at the end of its Resize handling), a form below MinFormWidth or
 /// MinFormHeight (outer twips; 0 never raises) is raised to them, which raises a further

@@ -96,6 +96,21 @@ TEST_F(AutoResizeTest, EachFactorTakesItsShareOfTheGrowthFromTheDesignSizes) {
     EXPECT_EQ(both->Left(), 150 + grown);
 }
 
+TEST_F(AutoResizeTest, TheNextRunStartsFromTheSameDesignPlaces) {
+    build();
+    form->show();
+    form->close();
+    // The form comes back at the size it was closed with, which is its design size: no
+    // Resize after the show, so the controls must stand where the designer put them.
+    build();
+    form->show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(place(both), "150|150|1500|300");
+    EXPECT_EQ(place(tall), "1800|150|1500|900");
+    grow(750, 0);
+    EXPECT_EQ(place(both), "900|150|2250|300");
+}
+
 TEST_F(AutoResizeTest, AFormBelowItsMinimumIsRaisedFirstAndZeroNeverRaises) {
     build();
     form->show();
@@ -117,9 +132,12 @@ TEST_F(AutoResizeTest, AFormBelowItsMinimumIsRaisedFirstAndZeroNeverRaises) {
 
 TEST_F(AutoResizeTest, AMinimisedFormAndAFormWithoutBaselineAreLeftAlone) {
     build();
-    // Before the first Load there are no baseline keys: nothing moves.
+    // Before the first Load there are no baseline keys, and before the first show no outer
+    // size: nothing moves.
+    setPlaceValue(QStringLiteral("frmGroesse_init\\cmdRechts"), QStringLiteral("Left"),
+                  QStringLiteral("600"));
     form->setWidth(form->Width() + 3000);
-    EXPECT_TRUE(AutoResize(form.get(), 0, 0));
+    EXPECT_FALSE(AutoResize(form.get(), 0, 0));
     EXPECT_EQ(place(both), "150|150|1500|300");
 
     form->show();
