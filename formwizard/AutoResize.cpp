@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <vector>
@@ -16,13 +17,16 @@ namespace vorelle {
 
 namespace {
 
+constexpr double kTwipsLimit = 1e9;
+
 std::optional<double> numberOf(const QString& text) {
     bool ok = false;
     const double value = text.trimmed().toDouble(&ok);
-    if (!ok) {
+    if (!ok || !std::isfinite(value)) {
         return std::nullopt;
     }
-    return value;
+    // Far beyond any screen, and still a whole number of twips for every member.
+    return std::clamp(value, -kTwipsLimit, kTwipsLimit);
 }
 
 // A stored size of the form as a long integer; the default for a text that is no number.
@@ -104,7 +108,9 @@ bool AutoResize(Form* form, qint32 MinFormWidth, qint32 MinFormHeight) {
                     stored[i] = value;
                 }
                 move.wanted[i] = factors[i] > 0 && stored[i].has_value();
-                move.value[i] = move.wanted[i] ? deltas[i] * factors[i] + *stored[i] : 0;
+                const double value = deltas[i] * factors[i] + *stored[i];
+                move.wanted[i] = move.wanted[i] && std::isfinite(value);
+                move.value[i] = move.wanted[i] ? std::clamp(value, -kTwipsLimit, kTwipsLimit) : 0;
             }
             moves.push_back(move);
         }

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <optional>
 
@@ -24,6 +25,8 @@
 namespace vorelle {
 
 namespace {
+
+constexpr double kTwipsLimit = 1e9;
 
 const char* const kPlaceNames[] = {"Left", "Top", "Width", "Height"};
 const QString kDefaultValue = QStringLiteral("defaultValue");
@@ -65,10 +68,11 @@ public:
 std::optional<double> numberOf(const QString& text) {
     bool ok = false;
     const double value = text.trimmed().toDouble(&ok);
-    if (!ok) {
+    if (!ok || !std::isfinite(value)) {
         return std::nullopt;
     }
-    return value;
+    // Far beyond any screen, and still a whole number of twips for every member.
+    return std::clamp(value, -kTwipsLimit, kTwipsLimit);
 }
 
 // The run-time type name of a control: its TypeName member or class data, else its class.
@@ -290,19 +294,6 @@ QList<QRect> screenAreas() {
     return areas;
 }
 
-// Brings the form's frame onto a screen when it lies on none.
-void keepOnScreen(Form* form) {
-    const QRect frame = form->frameGeometry();
-    const QRect placed = PlaceOnScreens(frame, screenAreas());
-    if (placed == frame) {
-        return;
-    }
-    if (placed.size() != frame.size()) {
-        form->resize(form->size() - (frame.size() - placed.size()));
-    }
-    form->move(placed.topLeft());
-}
-
 // Runs a task once, at the first show of a widget.
 class AtFirstShow : public QObject {
 public:
@@ -408,15 +399,29 @@ void PosLoadWindow(QObject* Form, bool WithControls, bool IsInit) {
     if (stateApplies && form->WindowState() != 0) {
         form->setWindowStateProperty(0);  // the place is that of the normal window
     }
-    form->setLeft(static_cast<qint32>(left));
-    form->setTop(static_cast<qint32>(top));
-    if (width >= 0) {
-        form->setWidth(static_cast<qint32>(width));
+    // The place is checked against the screens before the form takes it.
+    const QRect frame = form->frameGeometry();
+    const QRect wanted(TwipsToPixels(left), TwipsToPixels(top),
+                       width >= 0 ? TwipsToPixels(width) : frame.width(),
+                       height >= 0 ? TwipsToPixels(height) : frame.height());
+    const QRect placed = PlaceOnScreens(wanted, screenAreas());
+    if (placed == wanted) {
+        form->setLeft(static_cast<qint32>(left));
+        form->setTop(static_cast<qint32>(top));
+        if (width >= 0) {
+            form->setWidth(static_cast<qint32>(width));
+        }
+        if (height >= 0) {
+            form->setHeight(static_cast<qint32>(height));
+        }
+    } else {
+        form->setLeft(PixelsToTwips(placed.x()));
+        form->setTop(PixelsToTwips(placed.y()));
+        if (placed.size() != frame.size()) {
+            form->setWidth(PixelsToTwips(placed.width()));
+            form->setHeight(PixelsToTwips(placed.height()));
+        }
     }
-    if (height >= 0) {
-        form->setHeight(static_cast<qint32>(height));
-    }
-    keepOnScreen(form);
     if (stateApplies) {
         form->setWindowStateProperty(state);
     }
@@ -460,13 +465,19 @@ QRect PlaceOnScreens(const QRect& Frame, const QList<QRect>& Areas) {
     if (Areas.isEmpty()) {
         return Frame;
     }
-    const QRect strip(Frame.left(), Frame.top(), Frame.width(), std::min(20, Frame.height()));
-    const int needAcross = std::min(64, Frame.width());
-    const int needDown = std::min(10, strip.height());
+    QRect all;
     for (const QRect& area : Areas) {
-        const QRect common = strip.intersected(area);
-        if (!common.isEmpty() && common.width() >= needAcross && common.height() >= needDown) {
-            return Frame;
+        all |= area;
+    }
+    if (Frame.width() <= all.width() && Frame.height() <= all.height()) {
+        const QRect strip(Frame.left(), Frame.top(), Frame.width(), std::min(20, Frame.height()));
+        const int needAcross = std::min(64, Frame.width());
+        const int needDown = std::min(10, strip.height());
+        for (const QRect& area : Areas) {
+            const QRect common = strip.intersected(area);
+            if (!common.isEmpty() && common.width() >= needAcross && common.height() >= needDown) {
+                return Frame;
+            }
         }
     }
     const QPoint centre = Frame.center();

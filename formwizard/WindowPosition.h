@@ -79,8 +79,9 @@ VORELLE_EXPORT void PlaceAtShow(Form* form, bool WithControls);
 /// The rule for a window place that lies on no screen: the top strip of the Frame (its
 /// upper 20 pixels, where the title bar is) must overlap one of the Areas (the screens'
 /// available areas) by at least 64 pixels across, or the whole width of a narrower frame,
-/// and 10 pixels down. A frame that passes comes back as it is; any other is centred on the
-/// area nearest to the frame's centre, made smaller where it does not fit (CentredPlace).
+/// and 10 pixels down, and the frame must be no wider and no taller than all areas
+/// together. A frame that passes comes back as it is; any other is centred on the area
+/// nearest to the frame's centre, made smaller where it does not fit (CentredPlace).
 /// Without areas the frame stays.
 VORELLE_EXPORT QRect PlaceOnScreens(const QRect& Frame, const QList<QRect>& Areas);
 

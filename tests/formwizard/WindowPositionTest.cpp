@@ -274,8 +274,12 @@ TEST(PlaceOnScreens, AFrameWhoseTopStripLiesOnNoScreenIsCentredOnTheNearest) {
     EXPECT_EQ(PlaceOnScreens(QRect(-740, 500, 800, 600), two), QRect(560, 220, 800, 600));
     EXPECT_EQ(PlaceOnScreens(QRect(2000, -15, 400, 300), two), QRect(2360, 342, 400, 300));
     EXPECT_EQ(PlaceOnScreens(QRect(9000, 9000, 400, 300), two), QRect(2360, 342, 400, 300));
-    // A frame larger than the area is made smaller.
+    // A frame larger than the area is made smaller; one across both screens may stay, one
+    // larger than both together may not.
     EXPECT_EQ(PlaceOnScreens(QRect(4000, 0, 1500, 1200), two), QRect(1920, 0, 1280, 984));
+    EXPECT_EQ(PlaceOnScreens(QRect(0, 0, 3200, 900), two), QRect(0, 0, 3200, 900));
+    EXPECT_EQ(PlaceOnScreens(QRect(0, 0, 3201, 900), two), QRect(0, 70, 1920, 900));
+    EXPECT_EQ(PlaceOnScreens(QRect(100, 100, 800, 1041), two), QRect(560, 0, 800, 1040));
     // A narrow frame needs its whole width on a screen; without screens nothing changes.
     EXPECT_EQ(PlaceOnScreens(QRect(1900, 10, 40, 30), {left}), QRect(940, 505, 40, 30));
     EXPECT_EQ(PlaceOnScreens(QRect(1880, 10, 40, 30), {left}), QRect(1880, 10, 40, 30));
@@ -283,14 +287,29 @@ TEST(PlaceOnScreens, AFrameWhoseTopStripLiesOnNoScreenIsCentredOnTheNearest) {
 }
 
 TEST_F(WindowPositionTest, AStoredPlaceOnAScreenThatWentAwayComesBackOntoOne) {
-    setPlaceValue(QStringLiteral("frmWeg"), QStringLiteral("Left"), QStringLiteral("45000"));
-    setPlaceValue(QStringLiteral("frmWeg"), QStringLiteral("Top"), QStringLiteral("1500"));
-    auto form = test::managedForm(QStringLiteral("frmWeg"));
-    form->show();
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
-    const QRect frame = form->frameGeometry();
-    EXPECT_TRUE(area.contains(frame)) << text(frame) << " in " << text(area);
-    EXPECT_LE(std::abs(frame.center().x() - area.center().x()), 1);
+    struct Stored {
+        const char *left, *top, *width, *height;
+    };
+    // Beyond the screen; absurd numbers; no numbers at all (the design place stays).
+    for (const Stored& s :
+         {Stored{"45000", "1500", "6000", "4500"}, Stored{"-1e300", "1e12", "9e99", "4500"},
+          Stored{"nan", "inf", "-inf", "nan"}}) {
+        setPlaceValue(QStringLiteral("frmWeg"), QStringLiteral("Left"),
+                      QString::fromLatin1(s.left));
+        setPlaceValue(QStringLiteral("frmWeg"), QStringLiteral("Top"), QString::fromLatin1(s.top));
+        setPlaceValue(QStringLiteral("frmWeg"), QStringLiteral("Width"),
+                      QString::fromLatin1(s.width));
+        setPlaceValue(QStringLiteral("frmWeg"), QStringLiteral("Height"),
+                      QString::fromLatin1(s.height));
+        auto form = test::managedForm(QStringLiteral("frmWeg"));
+        form->show();
+        const QRect frame = form->frameGeometry();
+        EXPECT_TRUE(area.contains(frame)) << s.left << ": " << text(frame) << " in " << text(area);
+        if (QByteArray(s.left) != "nan") {
+            EXPECT_LE(std::abs(frame.center().x() - area.center().x()), 1) << s.left;
+        }
+    }
 }
 
 }  // namespace
