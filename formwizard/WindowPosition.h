@@ -30,11 +30,9 @@ class Form;
 // offers ColumnHeaders (an object with Count and Item(index), 1-based, whose items have Key,
 // Position and Width). A header without Key is kept under Col<n>.
 
-///@{
 /// The loaded form with that Name (in any case). Without one, ErrorDialog "Das Form-Objekt
 /// '<Name>' konnte nicht gefunden werden!" (error 99999, Buttons 48) and nullptr.
 VORELLE_EXPORT Form* SearchObjectForm(const QString& Name);
-///@}
 
 ///@{
 /// Saves the form's place: Left, Top, Width and Height from FormDimensions of its
