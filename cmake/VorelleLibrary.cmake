@@ -99,6 +99,19 @@ if(WIN32)
     target_link_libraries(Vorelle PRIVATE
         ${VORELLE_FOUNDATION_WIN32_LIBS} ${VORELLE_WIDGETS_WIN32_LIBS})
 endif()
+# The real pointer on X11 (automation/Mouse and the tracker's button state): Xlib and the
+# XTest extension when they are there; without them the synthetic in-process events serve.
+if(NOT WIN32)
+    find_package(PkgConfig QUIET)
+    if(PKG_CONFIG_FOUND)
+        pkg_check_modules(VORELLE_XTEST QUIET x11 xtst)
+    endif()
+endif()
+if(VORELLE_XTEST_FOUND)
+    target_compile_definitions(Vorelle PRIVATE VORELLE_HAVE_XTEST)
+    target_include_directories(Vorelle PRIVATE ${VORELLE_XTEST_INCLUDE_DIRS})
+    target_link_libraries(Vorelle PRIVATE ${VORELLE_XTEST_LINK_LIBRARIES})
+endif()
 target_precompile_headers(Vorelle PRIVATE <QtWidgets> <QString> <QVariant> <vector> <memory>)
 set_target_properties(Vorelle PROPERTIES
     VERSION ${PROJECT_VERSION}

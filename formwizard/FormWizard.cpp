@@ -1,6 +1,7 @@
 #include "formwizard/FormWizard.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QLabel>
 #include <QPainter>
@@ -10,6 +11,7 @@
 #include "formwizard/AutoResize.h"
 #include "formwizard/DialogStyle.h"
 #include "formwizard/ModuleSwitches.h"
+#include "formwizard/MouseTracker.h"
 #include "formwizard/WindowPosition.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
@@ -22,6 +24,8 @@
 #include "host/frame/OleColor.h"
 #include "host/hooks/Hooks.h"
 #include "host/hooks/SystemMenu.h"
+#include "host/hooks/WindowHandle.h"
+#include "host/input/WindowGeometry.h"
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
 #include "host/platform/MessageBox.h"
@@ -41,6 +45,20 @@ void pumpMessages() {
 
 QString pick(const QString& de, const QString& en) {
     return LangText(de, EnglishOrGerman(de, en));
+}
+
+constexpr int kTickInterval = 20;
+
+// Every manager's timer ticks on the same 20 ms steps of one clock: with several forms open
+// the process wakes once a step, not once a step for each form. A timer starts with what
+// is left to the next step and takes its 20 ms at its first tick.
+void startOnCommonStep(QTimer* timer) {
+    static QElapsedTimer clock;
+    if (!clock.isValid()) {
+        clock.start();
+    }
+    const auto left = static_cast<int>(kTickInterval - clock.elapsed() % kTickInterval);
+    timer->start(left);
 }
 
 }  // namespace
@@ -544,7 +562,7 @@ FormWizard::FormWizard(QWidget* parent)
     initForeColor(kDefaultForeColor);
     d->timer = new QTimer(this);
     d->timer->setObjectName(QStringLiteral("TimerMouseEvent"));
-    d->timer->setInterval(20);
+    d->timer->setInterval(kTickInterval);
     connect(d->timer, &QTimer::timeout, this, &FormWizard::TimerMouseEvent_Timer);
     d->line1 = new QFrame(this);
     d->line1->setObjectName(QStringLiteral("Line1"));
@@ -580,7 +598,7 @@ void FormWizard::InitProperties() {
     d->readProgram();
     d->bindToParent();
     d->readUserSwitches();
-    d->timer->start();
+    startOnCommonStep(d->timer);
 }
 
 void FormWizard::ReadProperties(const PropertyBag& bag) {
@@ -627,7 +645,7 @@ void FormWizard::ReadProperties(const PropertyBag& bag) {
 
     d->bindToParent();
     d->readUserSwitches();
-    d->timer->start();  // at design time it ends itself at its first tick
+    startOnCommonStep(d->timer);  // at design time it ends itself at its first tick
 }
 
 void FormWizard::WriteProperties(PropertyBag& bag) const {
@@ -835,6 +853,9 @@ void FormWizard::SetDialogStyle(const QString& dStyle) {
 }
 
 void FormWizard::TimerMouseEvent_Timer() {
+    if (d->timer->interval() != kTickInterval && d->timer->isActive()) {
+        d->timer->setInterval(kTickInterval);  // on the common step from now on
+    }
     d->advanceScrolling();
     if (!d->eventsBound) {
         d->bindToParent();
@@ -853,10 +874,11 @@ void FormWizard::TimerMouseEvent_Timer() {
         d->timer->stop();
         return;
     }
-    if (QApplication::activeWindow() != form->window()) {
-        return;
+    if (WindowGeometry::instance().activeWindow() != HwndOf(form->window())) {
+        return;  // only the active window tracks and takes keys
     }
-    // The keyboard part (access keys) and the mouse tracker run here once they exist.
+    // The keyboard part (access keys) runs here, before the mouse.
+    MouseTracker(kTickInterval, form);
 }
 
 void FormWizard::FensterPosReset() {

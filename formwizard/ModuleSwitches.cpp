@@ -32,10 +32,6 @@ void UnlockMouseEvent() {
     MouseEventLocked() = false;
 }
 
-// The tooltip and the caption expansion have no window of their own yet: nothing is shown,
-// so there is nothing to hide.
-void ToolTipHide() {}
-
-void CaptionExpandHide() {}
+// ToolTipHide and CaptionExpandHide live with the windows they hide (HintWindows.cpp).
 
 }  // namespace vorelle

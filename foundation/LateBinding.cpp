@@ -164,14 +164,21 @@ QVariant LateCallByRef(QObject* object, const char* member, QVariantList& args, 
     const QMetaMethod method = meta->method(found.index);
     QVariant result;
     const QMetaType returnType = method.returnMetaType();
-    if (returnType.isValid() && returnType.id() != QMetaType::Void) {
+    if (returnType == QMetaType::fromType<QVariant>()) {
+        argv[0] = &result;  // a member that returns a QVariant gives it as it is
+    } else if (returnType.isValid() && returnType.id() != QMetaType::Void) {
         result = QVariant(returnType);
         argv[0] = result.data();
     }
     for (qsizetype i = 0; i < converted.size(); ++i) {
         argv[static_cast<size_t>(i) + 1] = converted[i].data();
     }
-    object->qt_metacall(QMetaObject::InvokeMetaMethod, found.index, argv.data());
+    // A member that throws is an error like any other: trapped here, never the caller's.
+    try {
+        object->qt_metacall(QMetaObject::InvokeMetaMethod, found.index, argv.data());
+    } catch (...) {
+        return {};
+    }
     for (qsizetype i = 0; i < converted.size(); ++i) {
         if (found.byRef.at(i)) {
             args[i] = converted[i];
@@ -197,10 +204,14 @@ QVariant LateGet(const QObject* object, const char* property, bool* ok) {
     }
     const int index = memberOf(object->metaObject(), property).property;
     QVariant value;
-    if (index >= 0) {
-        value = object->metaObject()->property(index).read(object);
-    } else {
-        value = object->property(property);
+    try {
+        if (index >= 0) {
+            value = object->metaObject()->property(index).read(object);
+        } else {
+            value = object->property(property);
+        }
+    } catch (...) {
+        return {};
     }
     if (ok) {
         *ok = value.isValid();

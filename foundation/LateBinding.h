@@ -9,8 +9,9 @@
 namespace vorelle {
 
 /// Calls by member name through Qt's meta-object system, always with errors trapped:
-/// a missing object, a missing member or arguments that do not fit are no error, the
-/// call simply does nothing and `ok` (when given) becomes false.
+/// a missing object, a missing member, arguments that do not fit or a member that throws
+/// are no error, the call simply does nothing (or stops where the member threw) and `ok` (when
+/// given) becomes false.
 ///
 /// LateCall finds a Q_INVOKABLE method, slot or signal with the name and as many
 /// parameters as arguments, converts each argument to its parameter's type and calls it.

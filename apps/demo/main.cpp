@@ -12,6 +12,7 @@
 
 #include "DemoForm.h"
 #include "DemoTexts.h"
+#include "MouseRecorder.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/MemoryRegistry.h"
@@ -156,5 +157,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     start->show();
+    demo::MouseRecorder recorder;  // hover, click, record and replay through the tracker
+    recorder.move(start->geometry().topRight() + QPoint(20, 0));
+    recorder.show();
     return QApplication::exec();
 }

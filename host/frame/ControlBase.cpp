@@ -210,7 +210,10 @@ void ControlBase::markConstituent(QWidget* widget) {
 }
 
 bool ControlBase::isConstituent(const QWidget* widget) {
-    return widget && widget->property(kConstituentMark).toBool();
+    // Most widgets carry no dynamic property at all: they are told apart without a lookup
+    // of the mark by name.
+    return widget && !widget->dynamicPropertyNames().isEmpty() &&
+           widget->property(kConstituentMark).toBool();
 }
 
 QVariant ControlBase::callFormWizard(const char* member, const QVariantList& args) const {

@@ -6,7 +6,9 @@
 
 #include <utility>
 
+#include "host/input/MouseButtons.h"
 #include "host/input/VirtualKeys.h"
+#include "host/input/XServerInput_p.h"
 
 namespace vorelle {
 
@@ -28,6 +30,16 @@ int virtualKeyOfButton(Qt::MouseButton button) {
         default:
             return 0;
     }
+}
+
+// Qt names logical buttons; the buttons' state speaks of physical ones.
+void notePhysicalPress(Qt::MouseButton button) {
+    const int vk = virtualKeyOfButton(button);
+    int physical = vk == VK_LBUTTON ? 1 : (vk == VK_RBUTTON ? 2 : (vk == VK_MBUTTON ? 4 : 0));
+    if (physical != 4 && physical != 0 && MouseButtons::instance().swapped()) {
+        physical = 3 - physical;
+    }
+    SystemMouseButtons::notePress(physical);
 }
 
 // The key state follows the application from its start, so that keys pressed before the
@@ -82,6 +94,17 @@ bool SystemKeyState::isDown(int virtualKey) const {
     return down_.contains(virtualKey);
 }
 
+bool KeyState::isToggled(int /*virtualKey*/) const {
+    return false;
+}
+
+bool SystemKeyState::isToggled(int virtualKey) const {
+    if (virtualKey == 145 && xserver::available()) {
+        return xserver::scrollLockOn();
+    }
+    return toggled_.contains(virtualKey);
+}
+
 void SystemKeyState::releaseAll() {
     down_.clear();
 }
@@ -112,6 +135,17 @@ bool SystemKeyState::eventFilter(QObject* watched, QEvent* event) {
             // The key itself last: releasing Shift clears it even though the event still
             // carries the modifier.
             setDown(VirtualKeyFromEvent(key), event->type() == QEvent::KeyPress);
+            // A key event passes the window first and then each widget on its way: the
+            // window alone switches a toggle key.
+            if (event->type() == QEvent::KeyPress && !key->isAutoRepeat() &&
+                watched->isWindowType()) {
+                const int virtualKey = VirtualKeyFromEvent(key);
+                if (toggled_.contains(virtualKey)) {
+                    toggled_.remove(virtualKey);
+                } else if (virtualKey == 145 || virtualKey == 144 || virtualKey == 20) {
+                    toggled_.insert(virtualKey);
+                }
+            }
             break;
         }
         case QEvent::MouseButtonPress:
@@ -119,6 +153,14 @@ bool SystemKeyState::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::MouseButtonRelease: {
             const auto* mouse = static_cast<QMouseEvent*>(event);
             followModifiers(mouse->modifiers());
+            // A press in the application counts for the next read of the buttons, however
+            // short it was (the window alone: the event passes each widget on its way).
+            // The X server's state is read as it is: a press sent through it is noted by
+            // the sender, and its event would count it twice.
+            if (event->type() == QEvent::MouseButtonPress && watched->isWindowType() &&
+                !xserver::available()) {
+                notePhysicalPress(mouse->button());
+            }
             setDown(virtualKeyOfButton(mouse->button()),
                     event->type() != QEvent::MouseButtonRelease);
             break;

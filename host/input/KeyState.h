@@ -17,6 +17,8 @@ public:
     virtual ~KeyState();
     /// Whether the key of a virtual key code is down now.
     virtual bool isDown(int virtualKey) const = 0;
+    /// Whether a toggle key (145 Scroll Lock, 144 Num Lock, 20 Caps Lock) is switched on.
+    virtual bool isToggled(int virtualKey) const;
 
     /// The implementation in use: the system one unless setInstance() put another in place.
     static KeyState& instance();
@@ -36,6 +38,9 @@ public:
     ~SystemKeyState() override;
 
     bool isDown(int virtualKey) const override;
+    /// On X11 the keyboard's Scroll Lock indicator; elsewhere the toggle keys pressed in
+    /// the application since it started.
+    bool isToggled(int virtualKey) const override;
     /// Installs the filter on the current application object, once per application.
     void attach();
     /// Forgets every key that is down.
@@ -52,6 +57,7 @@ private:
     void followModifiers(Qt::KeyboardModifiers modifiers);
 
     QSet<int> down_;
+    QSet<int> toggled_;
     QPointer<QCoreApplication> attachedTo_;
 };
 

@@ -5,6 +5,8 @@
 #include <QPointer>
 
 #include "host/form/Form.h"
+#include "host/hooks/WindowHandle.h"
+#include "host/input/WindowGeometry.h"
 
 namespace vorelle {
 
@@ -84,7 +86,7 @@ void Screen::setMousePointer(int pointer) {
 }
 
 Form* Screen::ActiveForm() {
-    return qobject_cast<Form*>(QApplication::activeWindow());
+    return qobject_cast<Form*>(WidgetOfHwnd(WindowGeometry::instance().activeWindow()));
 }
 
 QObject* Screen::activeFormObject() const {

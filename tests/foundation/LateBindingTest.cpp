@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
+#include <stdexcept>
 
 #include "foundation/LateBinding.h"
 
@@ -57,5 +58,23 @@ TEST(LateBinding, AMissingMemberStaysMissingAndAPropertyIsWrittenByName) {
     }
 }
 
+class Answering : public QObject {
+    Q_OBJECT
+public:
+    Q_INVOKABLE QVariant Value() const { return QStringLiteral("given"); }
+    Q_INVOKABLE void Fails() { throw std::runtime_error("member failed"); }
+};
+
+TEST(LateBinding, AVariantResultComesAsItIsAndAThrowingMemberIsTrapped) {
+    Answering object;
+    bool ok = false;
+    EXPECT_EQ(LateCall(&object, "Value", {}, &ok).toString(), "given");
+    EXPECT_TRUE(ok);
+    EXPECT_FALSE(LateCall(&object, "Fails", {}, &ok).isValid());
+    EXPECT_FALSE(ok);
+}
+
 }  // namespace
 }  // namespace vorelle
+
+#include "LateBindingTest.moc"

@@ -4,9 +4,12 @@
 // lifetime of a test and restores the previous service afterwards.
 
 #include <QDateTime>
+#include <QHash>
 #include <QList>
+#include <QRect>
 #include <QSet>
 #include <QString>
+#include <QStringList>
 #include <QTimeZone>
 #include <QWidget>
 #include <functional>
@@ -17,7 +20,10 @@
 #include "foundation/RegistryBackend.h"
 #include "foundation/ServiceSlot.h"
 #include "host/input/CursorState.h"
+#include "host/input/InputInjector.h"
 #include "host/input/KeyState.h"
+#include "host/input/MouseButtons.h"
+#include "host/input/WindowGeometry.h"
 #include "host/platform/MessageBox.h"
 
 namespace vorelle::test {
@@ -36,7 +42,50 @@ public:
 class FakeKeyState : public KeyState {
 public:
     QSet<int> down;
+    QSet<int> toggled;
     bool isDown(int virtualKey) const override { return down.contains(virtualKey); }
+    bool isToggled(int virtualKey) const override { return toggled.contains(virtualKey); }
+};
+
+class FakeMouseButtons : public MouseButtons {
+public:
+    int physical = 0;  // 1 left, 2 right, 4 middle
+    bool swap = false;
+    int pressed() const override { return physical; }
+    bool swapped() const override { return swap; }
+};
+
+// Window rectangles by handle and the active window, as the test sets them.
+class FakeWindowGeometry : public WindowGeometry {
+public:
+    QHash<qint32, QRect> rects;
+    qint32 active = 0;
+    bool windowRect(qint32 hwnd, QRect& rect) const override {
+        const auto it = rects.constFind(hwnd);
+        if (it == rects.constEnd()) {
+            return false;
+        }
+        rect = *it;
+        return true;
+    }
+    qint32 activeWindow() const override { return active; }
+};
+
+// Records the synthesised input as text: "m2" for mouse_event(2), "k17" a key press,
+// "k17up" its release.
+class FakeInputInjector : public InputInjector {
+public:
+    QStringList sent;
+    std::function<void()> onEvent;
+    void mouseEvent(int flags) override {
+        sent << QStringLiteral("m%1").arg(flags);
+        if (onEvent) {
+            onEvent();
+        }
+    }
+    void keybdEvent(int virtualKey, bool release) override {
+        sent << QStringLiteral("k%1%2").arg(virtualKey).arg(release ? "up" : "");
+    }
 };
 
 class FakeCursor : public CursorState {

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QFont>
+#include <QPointer>
+#include <QRect>
+#include <QString>
+
+#include "foundation/Export.h"
+
+namespace vorelle {
+
+class Form;
+
+/// What the caption expansion is asked to show: a control's text that does not fit it,
+/// drawn over the control in a window of its own.
+struct VORELLE_EXPORT CaptionExpansion {
+    /// The control whose text is shown.
+    QPointer<QObject> control;
+    /// The form of the control.
+    QPointer<Form> form;
+    /// The text to show.
+    QString text;
+    /// The font to show it in.
+    QFont font;
+    /// 0 left, 1 right, 2 centred.
+    int alignment = 0;
+    /// Where to show it: the control's window rectangle in screen pixels.
+    QRect rect;
+    /// Colour texts ("RRGGBB"); empty: the expansion picks its colours itself.
+    QString foreColor, backColor;
+    /// The measured width of the text and the room the control has for it, both twips.
+    qint32 textWidth = 0, room = 0;
+};
+
+/// The windows that the mouse tracker shows over a form: the tooltip and the caption
+/// expansion. The system implementation is a stand-in that shows nothing yet.
+class VORELLE_EXPORT HintWindows {
+public:
+    virtual ~HintWindows();
+    /// Shows (or moves to the cursor) the tooltip of a control; a text starting with "-"
+    /// means no tooltip.
+    virtual void toolTipShow(const QString& name, Form* form, const QString& textDe,
+                             const QString& textEn) = 0;
+    /// Hides the tooltip.
+    virtual void toolTipHide() = 0;
+    /// Shows a caption expansion.
+    virtual void captionExpandShow(const CaptionExpansion& expansion) = 0;
+    /// Hides the caption expansion.
+    virtual void captionExpandHide() = 0;
+
+    /// The implementation in use: the system one unless setInstance() put another in place.
+    static HintWindows& instance();
+    /// Puts another implementation in place (nullptr restores the system one); returns the
+    /// previous one.
+    static HintWindows* setInstance(HintWindows* windows);
+};
+
+/// The system implementation: remembers the last requests and shows nothing.
+class VORELLE_EXPORT SystemHintWindows : public HintWindows {
+public:
+    void toolTipShow(const QString& name, Form* form, const QString& textDe,
+                     const QString& textEn) override;
+    void toolTipHide() override;
+    void captionExpandShow(const CaptionExpansion& expansion) override;
+    void captionExpandHide() override;
+    /// The caption expansion asked for last, while it is not hidden.
+    const CaptionExpansion* shownExpansion() const { return shown_ ? &expansion_ : nullptr; }
+
+private:
+    CaptionExpansion expansion_;
+    bool shown_ = false;
+};
+
+/// Shows the tooltip of a control (through HintWindows).
+VORELLE_EXPORT void ToolTipShow(const QString& Name, Form* form, const QString& Text_de,
+                                const QString& Text_en);
+/// Shows a caption expansion (through HintWindows).
+VORELLE_EXPORT void CaptionExpandShow(const CaptionExpansion& expansion);
+
+}  // namespace vorelle
