@@ -8,6 +8,7 @@
 #include "PlaceDoubles.h"
 #include "errors/ScopedLanguage.h"
 #include "formwizard/WindowPosition.h"
+#include "foundation/MemoryRegistry.h"
 #include "host/platform/Screen.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
@@ -218,6 +219,38 @@ TEST_F(WindowPositionTest, ControlsAndGridColumnsComeBackAndSkippedTypesAreLeftA
                   QStringLiteral("1"));
     PosLoadWindowControls(again.get(), grid2, false);
     EXPECT_EQ(grid2->cols->Count(), 5);
+}
+
+// Counts the outermost groups of calls that change the store.
+class CountingStore : public MemoryRegistry {
+public:
+    int writeGroups = 0;
+    void begin(bool write) override {
+        if (depth_++ == 0 && write) {
+            ++writeGroups;
+        }
+        MemoryRegistry::begin(write);
+    }
+    long end() override {
+        --depth_;
+        return MemoryRegistry::end();
+    }
+
+private:
+    int depth_ = 0;
+};
+
+TEST_F(WindowPositionTest, ASaveIsOneWriteToTheStore) {
+    auto form = test::managedForm(QStringLiteral("frmGanz"),
+                                  [](FormWizard* w) { w->setDoLoadSaveWithControls(true); });
+    test::addBox(form.get(), QStringLiteral("txtEins"), QRect(1, 2, 30, 20));
+    test::addBox(form.get(), QStringLiteral("txtZwei"), QRect(5, 6, 30, 20));
+    form->show();
+    CountingStore counting;
+    ScopedService<RegistryBackend> scope(counting);
+    WindowPosSave(form.get(), true, false);
+    EXPECT_EQ(counting.writeGroups, 1) << "a program that ends on the way keeps a whole place";
+    EXPECT_EQ(placeValue(QStringLiteral("frmGanz\\txtZwei"), QStringLiteral("Top")), "90");
 }
 
 TEST_F(WindowPositionTest, PosResetGoesBackToTheDesignSizes) {
