@@ -4,6 +4,7 @@
 
 #include "PlaceDoubles.h"
 #include "formwizard/AutoResize.h"
+#include "host/form/FormLoader.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
 
@@ -170,6 +171,51 @@ TEST_F(AutoResizeTest, WithoutPosLoadSaveTheFormsBaselineIs12000By9000) {
     QCoreApplication::processEvents();
     EXPECT_EQ(place(both), "1800|150|1500|300");
     EXPECT_EQ(half->Top(), 600 - 150);
+}
+
+TEST_F(AutoResizeTest, TheDemoFormFollowsItsFactorsAndComesBackAtItsSize) {
+    const QString path = QStringLiteral(VORELLE_SOURCE_DIR "/apps/demo/forms/frmGroesse.ui");
+    auto loaded = FormLoader::load(path);
+    loaded->show();
+    auto at = [](const Form& f, const char* name) {
+        const auto* c = qobject_cast<const ControlBase*>(f.Controls(QString::fromLatin1(name)));
+        return c ? QStringLiteral("%1|%2|%3|%4")
+                       .arg(c->Left())
+                       .arg(c->Top())
+                       .arg(c->Width())
+                       .arg(c->Height())
+                 : QStringLiteral("missing");
+    };
+    auto grown = [&](const char* name, int left, int top, int width, int height) {
+        const QStringList design = at(*loaded, name).split(u'|');
+        return QStringLiteral("%1|%2|%3|%4")
+            .arg(design.value(0).toInt() + left)
+            .arg(design.value(1).toInt() + top)
+            .arg(design.value(2).toInt() + width)
+            .arg(design.value(3).toInt() + height);
+    };
+    const QString corner = grown("txtEcke", 1500, 900, 0, 0);
+    const QString foot = grown("txtFuss", 0, 900, 750, 0);
+    const QString frame = grown("brdInhalt", 0, 0, 1500, 900);
+    const QString side = grown("brdSeite", 1500, 0, 0, 900);
+    const QString fixed = at(*loaded, "txtFest");
+    loaded->setWidth(loaded->Width() + 1500);
+    loaded->setHeight(loaded->Height() + 900);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(at(*loaded, "txtEcke"), corner);
+    EXPECT_EQ(at(*loaded, "txtFuss"), foot);
+    EXPECT_EQ(at(*loaded, "brdInhalt"), frame);
+    EXPECT_EQ(at(*loaded, "brdSeite"), side);
+    EXPECT_EQ(at(*loaded, "txtFest"), fixed);
+    const QString place = test::placeOfForm(*loaded);
+    loaded->close();
+
+    auto again = FormLoader::load(path);
+    again->show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(test::placeOfForm(*again), place);
+    EXPECT_EQ(at(*again, "txtEcke"), corner);
+    EXPECT_EQ(at(*again, "brdInhalt"), frame);
 }
 
 }  // namespace
