@@ -635,12 +635,20 @@ void Txt::setDropDownAddVisible(bool on) {
 
 void Txt::applyForeColor(const QColor& color) {
     QPalette palette = d->txtText->palette();
+    if (palette.isBrushSet(QPalette::Active, QPalette::Text) &&
+        palette.color(QPalette::Text) == color) {
+        return;  // a palette set again is propagated and polished again
+    }
     palette.setColor(QPalette::Text, color);
     d->txtText->setPalette(palette);
 }
 
 void Txt::applyBackColor(const QColor& color) {
     QPalette palette = d->txtText->palette();
+    if (palette.isBrushSet(QPalette::Active, QPalette::Base) &&
+        palette.color(QPalette::Base) == color) {
+        return;  // a palette set again is propagated and polished again
+    }
     palette.setColor(QPalette::Base, color);
     d->txtText->setPalette(palette);
 }

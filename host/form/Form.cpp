@@ -255,20 +255,55 @@ void Form::setBackColor(qint32 color) {
 }
 
 QImage& Form::surface() {
+    if (d->surfaceBlank && d->surface.format() != QImage::Format_ARGB32_Premultiplied) {
+        d->surface = QImage();  // an opaque picture given by replaceSurface cannot be cleared
+    }
     fitToWidget(d->surface, *this, Qt::transparent, true);
+    if (d->surfaceBlank) {
+        d->surfaceBlank = false;
+        d->surface.fill(Qt::transparent);
+    }
     return d->surface;
 }
 
+void Form::surfaceChanged() {
+    if (d->checkQueued) {
+        return;
+    }
+    d->checkQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            d->checkQueued = false;
+            const size_t hash =
+                d->surfaceBlank || d->surface.isNull()
+                    ? 0
+                    : qHashBits(d->surface.constBits(), size_t(d->surface.sizeInBytes()), 1);
+            if (hash != d->shownHash) {
+                d->shownHash = hash;
+                update();
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+void Form::replaceSurface(const QImage& picture) {
+    d->surface = picture;
+    d->surfaceBlank = false;
+}
+
 void Form::Cls() {
-    d->surface = QImage();
-    update();
+    d->surfaceBlank = true;
+    surfaceChanged();
 }
 
 void Form::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
-    if (!d->surface.isNull()) {
+    if (!d->surface.isNull() && !d->surfaceBlank) {
         QPainter p(this);
-        p.drawImage(0, 0, d->surface);
+        p.drawImage(event->rect(), d->surface,
+                    QRectF(QPointF(event->rect().topLeft()) * d->surface.devicePixelRatio(),
+                           QSizeF(event->rect().size()) * d->surface.devicePixelRatio()));
     }
 }
 

@@ -129,8 +129,11 @@ public:
     /// The persistent drawing of the form (gradients, caption effects), the size of the
     /// form's client area; drawn under the controls. surfaceChanged() after drawing.
     QImage& surface() override;
-    /// Repaints the form with its surface.
-    void surfaceChanged() override { update(); }
+    /// Repaints the form with its surface, once the event being handled is done and only
+    /// when the picture differs from the one shown.
+    void surfaceChanged() override;
+    /// Takes the picture as the surface without making one of its own first.
+    void replaceSurface(const QImage& picture) override;
 
     /// The control that manages the form's life (its FormWizard1 once bound), or nullptr.
     /// While a manager is set, the form leaves its optional Form_...2 routines to it and

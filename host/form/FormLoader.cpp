@@ -105,11 +105,16 @@ struct ControlPlan {
 class Checker {
 public:
     Checker(const UiDocument& doc, const ControlClasses& classes, QList<ControlPlan>& controls)
-        : file_(doc.file),
-          classes_(classes),
-          controls_(controls),
-          qtClasses_(QUiLoader().availableWidgets()) {
-        qtClasses_.append(QStringLiteral("Line"));
+        : file_(doc.file), classes_(classes), controls_(controls), qtClasses_(knownQtClasses()) {}
+
+    // The widget classes Qt's loader builds, found once: asking makes a loader.
+    static const QStringList& knownQtClasses() {
+        static const QStringList classes = [] {
+            QStringList known = QUiLoader().availableWidgets();
+            known.append(QStringLiteral("Line"));
+            return known;
+        }();
+        return classes;
     }
 
     const UiNode& check(const UiNode& ui) {
@@ -395,7 +400,7 @@ void build(Form& form, const UiDocument& doc, const FormLoader::Options& options
                           0;
                });
     });
-    QByteArray xml = stripped.toXml();
+    QByteArray xml = stripped.toXml(false);  // for Qt's loader only
     QBuffer buffer(&xml);
     buffer.open(QIODevice::ReadOnly);
 

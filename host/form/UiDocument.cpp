@@ -27,6 +27,28 @@ void writeNode(QXmlStreamWriter& out, const UiNode& node) {
     out.writeEndElement();
 }
 
+// The names that come again and again in a form file, made once: a node takes a shared
+// copy instead of a text of its own.
+QString interned(QStringView name) {
+    static const QStringList known = {
+        QStringLiteral("widget"), QStringLiteral("property"),  QStringLiteral("string"),
+        QStringLiteral("rect"),   QStringLiteral("x"),         QStringLiteral("y"),
+        QStringLiteral("width"),  QStringLiteral("height"),    QStringLiteral("bool"),
+        QStringLiteral("number"), QStringLiteral("color"),     QStringLiteral("red"),
+        QStringLiteral("green"),  QStringLiteral("blue"),      QStringLiteral("font"),
+        QStringLiteral("class"),  QStringLiteral("name"),      QStringLiteral("stdset"),
+        QStringLiteral("enum"),   QStringLiteral("set"),       QStringLiteral("item"),
+        QStringLiteral("layout"), QStringLiteral("attribute"), QStringLiteral("pointsize"),
+        QStringLiteral("double"), QStringLiteral("size"),      QStringLiteral("notr"),
+    };
+    for (const QString& k : known) {
+        if (k == name) {
+            return k;
+        }
+    }
+    return name.toString();
+}
+
 }  // namespace
 
 UiDocument UiDocument::parse(const QByteArray& xml, const QString& file) {
@@ -47,15 +69,20 @@ UiDocument UiDocument::parse(const QByteArray& xml, const QString& file) {
                 node = &doc.root;
                 node->tag = in.name().toString();
             } else {
-                node = &open.back()->append(in.name().toString());
+                node = &open.back()->append(interned(in.name()));
             }
             node->line = static_cast<int>(in.lineNumber());
-            for (const QXmlStreamAttribute& attr : in.attributes()) {
-                node->attributes.append({attr.qualifiedName().toString(), attr.value().toString()});
+            const QXmlStreamAttributes attributes = in.attributes();
+            node->attributes.reserve(attributes.size());
+            for (const QXmlStreamAttribute& attr : attributes) {
+                node->attributes.append({interned(attr.qualifiedName()), attr.value().toString()});
             }
             open.push_back(node);
         } else if (token == QXmlStreamReader::Characters && !open.empty()) {
-            open.back()->text += in.text();
+            // Indentation after a child element is dropped at the end anyway.
+            if (open.back()->children.empty() || !in.isWhitespace()) {
+                open.back()->text += in.text();
+            }
         } else if (token == QXmlStreamReader::EndElement && !open.empty()) {
             if (!open.back()->children.empty()) {
                 open.back()->text.clear();  // only the indentation between child elements
@@ -88,10 +115,10 @@ UiDocument UiDocument::read(const QString& path) {
     return parse(f.readAll(), path);
 }
 
-QByteArray UiDocument::toXml() const {
+QByteArray UiDocument::toXml(bool indented) const {
     QByteArray xml;
     QXmlStreamWriter out(&xml);
-    out.setAutoFormatting(true);
+    out.setAutoFormatting(indented);
     out.setAutoFormattingIndent(1);
     out.writeStartDocument();
     writeNode(out, root);

@@ -19,8 +19,8 @@ public:
     // Reads and parses a file (also Qt resource paths such as ":/forms/x.ui").
     static UiDocument read(const QString& path);
 
-    // The XML text, indented like Qt Designer writes it.
-    QByteArray toXml() const;
+    // The XML text, indented like Qt Designer writes it, or without any indentation.
+    QByteArray toXml(bool indented = true) const;
 
     UiNode root;
     QString file;

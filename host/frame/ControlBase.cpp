@@ -1,5 +1,7 @@
 #include "host/frame/ControlBase.h"
 
+#include <QSet>
+
 #include <QApplication>
 #include <QMetaClassInfo>
 #include <QResizeEvent>
@@ -45,7 +47,11 @@ int& instanceCount() {
     return count;
 }
 
-constexpr char kConstituentMark[] = "vorelleConstituent";
+// The constituent parts of every control; a part leaves the set when it is destroyed.
+QSet<const QObject*>& constituents() {
+    static QSet<const QObject*> parts;
+    return parts;
+}
 
 }  // namespace
 
@@ -204,16 +210,15 @@ void ControlBase::PassFocusOn() {
 }
 
 void ControlBase::markConstituent(QWidget* widget) {
-    if (widget) {
-        widget->setProperty(kConstituentMark, true);
+    if (widget && !constituents().contains(widget)) {
+        constituents().insert(widget);
+        QObject::connect(widget, &QObject::destroyed,
+                         [](QObject* gone) { constituents().remove(gone); });
     }
 }
 
 bool ControlBase::isConstituent(const QWidget* widget) {
-    // Most widgets carry no dynamic property at all: they are told apart without a lookup
-    // of the mark by name.
-    return widget && !widget->dynamicPropertyNames().isEmpty() &&
-           widget->property(kConstituentMark).toBool();
+    return widget && constituents().contains(widget);
 }
 
 QVariant ControlBase::callFormWizard(const char* member, const QVariantList& args) const {

@@ -20,6 +20,9 @@ public:
     virtual QImage& surface() = 0;
     /// Shows what was drawn into surface() (schedules a repaint).
     virtual void surfaceChanged() = 0;
+    /// Puts a whole new picture of the surface's size in place of what was drawn (the
+    /// picture is shared until someone draws into it).
+    virtual void replaceSurface(const QImage& picture) { surface() = picture; }
 
 protected:
     /// Brings image to the widget's size at the widget's device pixel ratio, so that what is

@@ -13,13 +13,13 @@
 #include "foundation/LateBinding.h"
 #include "foundation/Logs.h"
 #include "foundation/Zentral.h"
-#include "host/input/CursorState.h"
 #include "host/form/Form.h"
+#include "host/hooks/WindowHandle.h"
+#include "host/input/CursorState.h"
 #include "host/input/KeyState.h"
 #include "host/input/KeyStrokeParser.h"
-#include "host/platform/Sleeper.h"
 #include "host/input/VirtualKeys.h"
-#include "host/hooks/WindowHandle.h"
+#include "host/platform/Sleeper.h"
 
 #ifdef Q_OS_WIN
 #ifndef NOMINMAX
@@ -159,8 +159,8 @@ bool lockActive = false;
 
 bool isRunningProgram(const QString& path) {
     const QString self = ModulePathOfHwnd(0);
-    return !self.isEmpty() &&
-           QFileInfo(path).canonicalFilePath() == QFileInfo(self).canonicalFilePath();
+    return !self.isEmpty() && (path == self || QFileInfo(path).canonicalFilePath() ==
+                                                   QFileInfo(self).canonicalFilePath());
 }
 
 #ifdef Q_OS_WIN

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <QImage>
 #include <QObject>
 
@@ -183,11 +186,33 @@ TEST(Effects, ShortageGoesToTheStatusOfTheFormOrOfNoForm) {
     EXPECT_EQ(form.ScaleMode(), 1);
 }
 
+// Counts the paint events of a widget.
+class PaintSpy : public QObject {
+public:
+    PaintSpy(QWidget* widget, int* count) : count_(count) { widget->installEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            ++*count_;
+        }
+        return false;
+    }
+
+private:
+    int* count_;
+};
+
 // Painting for real on a form's surface.
 class FormSurface : public ::testing::Test {
 protected:
     void SetUp() override { form.resize(120, 80); }
     QColor at(int x, int y) { return form.surface().pixelColor(x, y); }
+    // The comparison of the picture runs after the event, its repaint one round later.
+    static void settle() {
+        QCoreApplication::processEvents();
+        QCoreApplication::processEvents();
+    }
     Form form;
 };
 
@@ -225,6 +250,49 @@ TEST_F(FormSurface, FontEffectRunsAlongTheDiagonalAndSwapsWhenReversed) {
     FontEffect(&form, QStringLiteral("000000"), true, QStringLiteral("ffffff"));
     EXPECT_GT(at(0, 0).red(), 245);
     EXPECT_LT(at(99, 99).red(), 10);
+}
+
+// A gradient painted again is copied from the one painted before: what was drawn over the
+// first copy stays out of the second, and a change of size or colour paints anew. The form
+// repaints only when its picture changed.
+TEST_F(FormSurface, RepeatedGradientsComeBackCleanAndRepaintOnlyOnAChange) {
+    int paints = 0;
+    PaintSpy spy(&form, &paints);
+    form.show();
+    settle();
+    FontEffect(&form, QStringLiteral("000000"), false, QStringLiteral("ffffff"));
+    settle();
+    const QImage first = form.surface().copy();
+    ASSERT_GT(paints, 0);
+
+    qint32 l = 0, t = 0, r = 10, b = 10;
+    ColorFade(&form, QStringLiteral("ff0000"), false, QStringLiteral("ff0000"), l, t, r, b, false);
+    EXPECT_EQ(at(5, 5), QColor(255, 0, 0)) << "a band drawn over the gradient";
+    form.Cls();
+    FontEffect(&form, QStringLiteral("000000"), false, QStringLiteral("ffffff"));
+    EXPECT_EQ(form.surface(), first) << "the band is not part of the kept gradient";
+
+    settle();
+    paints = 0;
+    form.Cls();
+    FontEffect(&form, QStringLiteral("000000"), false, QStringLiteral("ffffff"));
+    settle();
+    EXPECT_EQ(paints, 0) << "cleared and painted as it was: nothing to repaint";
+
+    FontEffect(&form, QStringLiteral("a0a0a0"), false, QStringLiteral("ffffff"));
+    settle();
+    EXPECT_GT(paints, 0);
+    EXPECT_NEAR(at(0, 0).red(), 0xa0, 2);
+
+    form.resize(60, 40);
+    FontEffect(&form, QStringLiteral("000000"), false, QStringLiteral("ffffff"));
+    EXPECT_EQ(form.surface().size(), QSize(60, 40));
+    EXPECT_GT(at(59, 39).red(), 200) << "a new size paints the gradient to its own corner";
+
+    paints = 0;
+    form.Cls();
+    settle();
+    EXPECT_GT(paints, 0) << "a cleared form shows its background again";
 }
 
 }  // namespace
