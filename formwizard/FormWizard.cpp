@@ -8,9 +8,11 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "formwizard/AutoResize.h"
 #include "formwizard/DialogStyle.h"
 #include "formwizard/ModuleSwitches.h"
 #include "formwizard/MouseTracker.h"
+#include "formwizard/WindowPosition.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/LibraryInfo.h"
@@ -205,6 +207,10 @@ void FormWizardPrivate::onLoad() {
         return;  // a handler closed the form
     }
     q->Status1(QStringLiteral("Dialog wird geladen..."), QStringLiteral("Dialog is loading..."));
+    if (doPosLoadSave) {
+        // The design sizes first, then the place of the last run.
+        PlaceAtShow(form, doLoadSaveWithControls);
+    }
     if (HasToolOrMenuButtons(form)) {
         ToolbarBandDraw(form);
     }
@@ -274,6 +280,9 @@ void FormWizardPrivate::onQueryUnload(int& cancel, int unloadMode) {
     q->Status1(QStringLiteral("Dialog wird entladen..."), QStringLiteral("Dialog is unloading..."));
     Screen::setMousePointer(Screen::vbHourglass);
     LockWindowUpdate(form);
+    if (doPosLoadSave) {
+        WindowPosSave(form, doLoadSaveWithControls, false);
+    }
     for (QWidget* control : form->Controls()) {
         bool ok = false;
         const QVariant regSave = LateGet(control, "RegSave", &ok);
@@ -290,6 +299,9 @@ void FormWizardPrivate::onQueryUnload(int& cancel, int unloadMode) {
 
 void FormWizardPrivate::onResize() {
     Form* form = parent;
+    if (doResizing) {
+        AutoResize(form, minFormWidth, minFormHeight);
+    }
     layout();
     if (fadingActive) {
         form->Cls();
@@ -871,7 +883,7 @@ void FormWizard::TimerMouseEvent_Timer() {
 
 void FormWizard::FensterPosReset() {
     if (d->parent) {
-        WindowPlaceReset(d->parent, d->parentName);
+        PosLoadWindow(d->parent, d->doLoadSaveWithControls, true);
     }
 }
 

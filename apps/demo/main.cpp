@@ -3,7 +3,8 @@
 //   vorelle-demo --screenshot DIR every form rendered offscreen in each dialog style and
 //                                 both languages to DIR/<form>_<style>_de.png and
 //                                 DIR/<form>_<style>_en.png, on a settings store in memory
-//                                 (the user's settings stay untouched)
+//                                 (the user's settings stay untouched); a form with
+//                                 doResizing also larger, to DIR/<form>_gross_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -100,6 +101,19 @@ int screenshots(const QString& dir) {
                 LateCall(form->Controls(QStringLiteral("FormWizard1")), "SetDialogStyle", {style});
                 QApplication::processEvents();
                 const QString file = QDir(dir).filePath(base + u'_' + styleFileName(style) + u'_' +
+                                                        language + QStringLiteral(".png"));
+                if (!form->grab().save(file)) {
+                    std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+                    ++failures;
+                }
+            }
+            // A form that resizes its controls is shown once more at one and a half times
+            // its size, to DIR/<form>_gross_<language>.png.
+            QObject* wizard = form->Controls(QStringLiteral("FormWizard1"));
+            if (LateGet(wizard, "doResizing").toBool()) {
+                form->resize(form->size() * 3 / 2);
+                QApplication::processEvents();
+                const QString file = QDir(dir).filePath(base + QStringLiteral("_gross_") +
                                                         language + QStringLiteral(".png"));
                 if (!form->grab().save(file)) {
                     std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));

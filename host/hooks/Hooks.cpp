@@ -312,8 +312,10 @@ bool WMPROC_Control(QWidget* widget, QEvent* event) {
 bool WMPROC_Form(QWidget* widget, QEvent* event) {
     switch (event->type()) {
         case QEvent::Move:
-            // Only a normal window's place is its own; maximising moves it too.
-            if (widget->isWindow() &&
+            // Only a normal window's place is its own; maximising moves it too. A window
+            // that is not shown yet has none: the moves of its start would overwrite the
+            // place kept from the last run before the form reads it.
+            if (widget->isWindow() && widget->isVisible() &&
                 !(widget->windowState() &
                   (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen))) {
                 WindowPlaceSave(widget, HookObjectName(HwndOf(widget)));
