@@ -376,6 +376,20 @@ public:
 }  // namespace
 
 int main(int argc, char** argv) {
+    // The offscreen platform's screen is 800 by 600 pixels: the form would not fit, and its
+    // manager would move and shrink it onto the screen at each load. A full HD screen.
+    QTemporaryDir screens;
+    if (qgetenv("QT_QPA_PLATFORM") == "offscreen" && screens.isValid()) {
+        const QString config = screens.filePath(QStringLiteral("screens.json"));
+        QFile file(config);
+        if (file.open(QIODevice::WriteOnly) &&
+            file.write(R"({"screens": [{"name": "bench", "x": 0, "y": 0, "width": 1920, )"
+                       R"("height": 1080, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})") >
+                0) {
+            file.close();
+            qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + config.toLocal8Bit());
+        }
+    }
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) {

@@ -392,8 +392,10 @@ void PosLoadWindow(QObject* Form, bool WithControls, bool IsInit) {
     const double left = read("Left", form->Left());
     const double top = read("Top", form->Top());
     const bool sizable = form->BorderStyle() == 2 || form->BorderStyle() == 5;
-    const double width = sizable ? read("Width", form->Width()) : -1;
-    const double height = sizable ? read("Height", form->Height()) : -1;
+    // A size that is not stored stays as it is: setting the present size again could take
+    // the window frame twice while the platform is still giving the new window its frame.
+    const double width = sizable ? read("Width", -1) : -1;
+    const double height = sizable ? read("Height", -1) : -1;
     const int state = static_cast<int>(read("WindowState", form->WindowState()));
     const bool stateApplies = state == 0 || state == 2;
     if (stateApplies && form->WindowState() != 0) {
@@ -408,10 +410,10 @@ void PosLoadWindow(QObject* Form, bool WithControls, bool IsInit) {
     if (placed == wanted) {
         form->setLeft(static_cast<qint32>(left));
         form->setTop(static_cast<qint32>(top));
-        if (width >= 0) {
+        if (width >= 0 && static_cast<qint32>(width) != form->Width()) {
             form->setWidth(static_cast<qint32>(width));
         }
-        if (height >= 0) {
+        if (height >= 0 && static_cast<qint32>(height) != form->Height()) {
             form->setHeight(static_cast<qint32>(height));
         }
     } else {
