@@ -1,5 +1,8 @@
 #include "formwizard/AutoResize.h"
 
+#include "formwizard/StoredNumber_p.h"
+#include "foundation/RegistryGroup.h"
+
 #include <QPointer>
 #include <QWidget>
 #include <algorithm>
@@ -17,36 +20,12 @@ namespace vorelle {
 
 namespace {
 
-constexpr double kTwipsLimit = 1e9;
-
-std::optional<double> numberOf(const QString& text) {
-    bool ok = false;
-    const double value = text.trimmed().toDouble(&ok);
-    if (!ok || !std::isfinite(value)) {
-        return std::nullopt;
-    }
-    // Far beyond any screen, and still a whole number of twips for every member.
-    return std::clamp(value, -kTwipsLimit, kTwipsLimit);
-}
-
 // A stored size of the form as a long integer; the default for a text that is no number.
 qint64 formBaseline(const QString& program, const QString& key, const QString& name,
                     qint64 byDefault) {
-    const auto value = numberOf(RegGet(program, key, name, QString::number(byDefault)));
+    const auto value = StoredNumber(RegGet(program, key, name, QString::number(byDefault)));
     return value ? static_cast<qint64>(std::nearbyint(*value)) : byDefault;
 }
-
-// The reads of one layout as one transaction of the store.
-class StoreReading {
-public:
-    StoreReading() { store_.begin(false); }
-    ~StoreReading() { store_.end(); }
-    StoreReading(const StoreReading&) = delete;
-    StoreReading& operator=(const StoreReading&) = delete;
-
-private:
-    RegistryBackend& store_ = RegistryBackend::instance();
-};
 
 }  // namespace
 
@@ -76,7 +55,7 @@ bool AutoResize(Form* form, qint32 MinFormWidth, qint32 MinFormHeight) {
     std::vector<Move> moves;
     {
         // Every baseline in one reading of the store, before anything moves.
-        StoreReading reading;
+        RegistryGroup reading(false);
         const QString program = GetModuleAppName(QString());
         const QString key = form->Name() + QStringLiteral("_init");
         const double deltaW =
@@ -103,14 +82,15 @@ bool AutoResize(Form* form, qint32 MinFormWidth, qint32 MinFormHeight) {
             Move move{control, {}, {}};
             for (int i = 0; i < 4; ++i) {
                 if (const auto value =
-                        numberOf(RegGet(program, controlKey, QString::fromLatin1(placeNames[i]),
-                                        QStringLiteral("defaultValue")))) {
+                        StoredNumber(RegGet(program, controlKey, QString::fromLatin1(placeNames[i]),
+                                            QStringLiteral("defaultValue")))) {
                     stored[i] = value;
                 }
                 move.wanted[i] = factors[i] > 0 && stored[i].has_value();
                 const double value = deltas[i] * factors[i] + *stored[i];
                 move.wanted[i] = move.wanted[i] && std::isfinite(value);
-                move.value[i] = move.wanted[i] ? std::clamp(value, -kTwipsLimit, kTwipsLimit) : 0;
+                move.value[i] =
+                    move.wanted[i] ? std::clamp(value, -kStoredTwipsLimit, kStoredTwipsLimit) : 0;
             }
             moves.push_back(move);
         }

@@ -1,5 +1,8 @@
 #include "formwizard/WindowPosition.h"
 
+#include "formwizard/StoredNumber_p.h"
+#include "foundation/RegistryGroup.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QMetaClassInfo>
@@ -26,8 +29,6 @@ namespace vorelle {
 
 namespace {
 
-constexpr double kTwipsLimit = 1e9;
-
 const char* const kPlaceNames[] = {"Left", "Top", "Width", "Height"};
 const QString kDefaultValue = QStringLiteral("defaultValue");
 
@@ -43,18 +44,6 @@ QString program() {
     return GetModuleAppName(QString());
 }
 
-// The writes of one save go to the store as one transaction.
-class StoreGroup {
-public:
-    StoreGroup() { store_.begin(true); }
-    ~StoreGroup() { store_.end(); }
-    StoreGroup(const StoreGroup&) = delete;
-    StoreGroup& operator=(const StoreGroup&) = delete;
-
-private:
-    RegistryBackend& store_ = RegistryBackend::instance();
-};
-
 // The hourglass for the length of a call.
 class Hourglass {
 public:
@@ -63,17 +52,6 @@ public:
     Hourglass(const Hourglass&) = delete;
     Hourglass& operator=(const Hourglass&) = delete;
 };
-
-// The number a stored text holds; nothing for a text that is no number.
-std::optional<double> numberOf(const QString& text) {
-    bool ok = false;
-    const double value = text.trimmed().toDouble(&ok);
-    if (!ok || !std::isfinite(value)) {
-        return std::nullopt;
-    }
-    // Far beyond any screen, and still a whole number of twips for every member.
-    return std::clamp(value, -kTwipsLimit, kTwipsLimit);
-}
 
 // The run-time type name of a control: its TypeName member or class data, else its class.
 QString typeNameOf(const QObject* control) {
@@ -181,7 +159,7 @@ void saveMember(const QString& prog, const QString& key, const QString& valueNam
 
 void loadMember(const QString& prog, const QString& key, const QString& valueName, QObject* to,
                 const char* member, const QString& byDefault) {
-    if (const auto value = numberOf(RegGet(prog, key, valueName, byDefault)); value && to) {
+    if (const auto value = StoredNumber(RegGet(prog, key, valueName, byDefault)); value && to) {
         LateSet(to, member, *value);
     }
 }
@@ -235,7 +213,7 @@ void loadControl(const QString& prog, const QString& formKey, QObject* control) 
     const QString key = formKey + u'\\' + control->objectName();
     for (const char* name : kPlaceNames) {
         if (const auto value =
-                numberOf(RegGet(prog, key, QString::fromLatin1(name), kDefaultValue))) {
+                StoredNumber(RegGet(prog, key, QString::fromLatin1(name), kDefaultValue))) {
             setPlace(control, name, *value);
         }
     }
@@ -248,7 +226,7 @@ void loadControl(const QString& prog, const QString& formKey, QObject* control) 
             // The entry has no reader; a file that cannot be written changes nothing here.
         }
         const int wanted = static_cast<int>(
-            numberOf(RegGet(prog, key, QStringLiteral("Columns.Count"), QStringLiteral("0")))
+            StoredNumber(RegGet(prog, key, QStringLiteral("Columns.Count"), QStringLiteral("0")))
                 .value_or(0));
         QObject* columns = objectOf(LateGet(control, "Columns"));
         int have = countOf(columns).value_or(0);
@@ -355,7 +333,7 @@ void WindowPosSave(QObject* Form, bool WithControls, bool IsInit) {
     Hourglass hourglass;
     const QString prog = program();
     const QString key = form->Name() + suffixOf(IsInit);
-    StoreGroup group;
+    RegistryGroup group(true);  // the writes of one save as one transaction
     bool ok = false;
     const QString dimensions =
         LateGet(form->Controls(QStringLiteral("FormWizard1")), "FormDimensions", &ok).toString();
@@ -385,7 +363,7 @@ void PosLoadWindow(QObject* Form, bool WithControls, bool IsInit) {
     const QString prog = program();
     const QString key = form->Name() + suffixOf(IsInit);
     auto read = [&](const char* name, double present) {
-        return numberOf(RegGet(prog, key, QString::fromLatin1(name), ToStr(present)))
+        return StoredNumber(RegGet(prog, key, QString::fromLatin1(name), ToStr(present)))
             .value_or(present);
     };
     // Everything is read before the form moves: a move of a hooked form writes its place.
@@ -443,7 +421,7 @@ void WindowPosSaveControls(QObject* Form, QObject* Control, bool IsInit) {
     if (!form || !Control) {
         return;
     }
-    StoreGroup group;
+    RegistryGroup group(true);  // the writes of one save as one transaction
     saveControl(program(), form->Name() + suffixOf(IsInit), Control, IsInit);
 }
 

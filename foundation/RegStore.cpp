@@ -1,5 +1,7 @@
 #include "foundation/RegStore.h"
 
+#include "foundation/RegistryGroup.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
@@ -58,20 +60,6 @@ QString unescapeLineEnds(QString text) {
     return text.contains(kEscapedLineEnd) ? text.replace(kEscapedLineEnd, kLineEnd) : text;
 }
 
-// One routine call is one transaction of the backend.
-class RoutineScope {
-public:
-    RoutineScope(RegistryBackend& backend, bool write) : backend_(backend) {
-        backend_.begin(write);
-    }
-    ~RoutineScope() { backend_.end(); }
-    RoutineScope(const RoutineScope&) = delete;
-    RoutineScope& operator=(const RoutineScope&) = delete;
-
-private:
-    RegistryBackend& backend_;
-};
-
 QString readValue(const QString& subKey, const QString& name, const QString& fallback) {
     QString result = fallback;
     QByteArray data;
@@ -89,7 +77,7 @@ QString readValue(const QString& subKey, const QString& name, const QString& fal
 
 void writeValue(quint32 root, const QString& subKey, const QString& name, const QString& value) {
     RegistryBackend& backend = RegistryBackend::instance();
-    RoutineScope scope(backend, true);
+    RegistryGroup scope(backend, true);
     RegHandle key = 0;
     if (backend.createKey(root, subKey, &key) == REG_SUCCESS) {
         backend.setValue(key, name, ToAnsi(value));
@@ -201,7 +189,7 @@ void RegSetRoot(quint32 Root, const QString& SubKey, const QString& Name, const 
 
 long RegDeleteTree(quint32 Root, const QString& SubKey) {
     RegistryBackend& backend = RegistryBackend::instance();
-    RoutineScope scope(backend, true);
+    RegistryGroup scope(backend, true);
     if (backend.deleteKey(Root, SubKey) == REG_SUCCESS) {
         return REG_SUCCESS;
     }
@@ -225,7 +213,7 @@ long RegDeleteTree(quint32 Root, const QString& SubKey) {
 
 void RegDelete(const QString& Path, const QString& Kind) {
     RegistryBackend& backend = RegistryBackend::instance();
-    RoutineScope scope(backend, true);
+    RegistryGroup scope(backend, true);
     if (Kind == u"KEY" && RegDeleteTree(HKEY_CURRENT_USER, kAppRoot + Path) == REG_SUCCESS) {
         return;
     }
