@@ -4,8 +4,11 @@
 #include <QPointer>
 #include <QRect>
 #include <QString>
+#include <memory>
 
 #include "foundation/Export.h"
+
+class QWidget;
 
 namespace vorelle {
 
@@ -26,6 +29,9 @@ struct VORELLE_EXPORT CaptionExpansion {
     int alignment = 0;
     /// Where to show it: the control's window rectangle in screen pixels.
     QRect rect;
+    /// The control's type name ("des", "cmd", "prb", "lstEntryWizard", "txtDropDown", "lst",
+    /// "chb", "FormWizard"); empty: the run-time type name of the control.
+    QString typeName;
     /// Colour texts ("RRGGBB"); empty: the expansion picks its colours itself.
     QString foreColor, backColor;
     /// The measured width of the text and the room the control has for it, both twips.
@@ -55,21 +61,33 @@ public:
     static HintWindows* setInstance(HintWindows* windows);
 };
 
-/// The system implementation: remembers the last requests and shows nothing.
+class SystemHintWindowsPrivate;
+
+/// The system implementation: the tooltip form "frmTooltip" (caption "VRLL_Tooltip") and
+/// the caption expansion form "frmCaptionExpand" (caption "VRLL_CaptionExpand"), small
+/// borderless top-level windows that never take the focus. Each is created when shown and
+/// destroyed when hidden.
 class VORELLE_EXPORT SystemHintWindows : public HintWindows {
 public:
+    /// Creates the service; no window exists yet.
+    SystemHintWindows();
+    ~SystemHintWindows() override;
     void toolTipShow(const QString& name, Form* form, const QString& textDe,
                      const QString& textEn) override;
     void toolTipHide() override;
     void captionExpandShow(const CaptionExpansion& expansion) override;
     void captionExpandHide() override;
-    /// The caption expansion asked for last, while it is not hidden.
-    const CaptionExpansion* shownExpansion() const { return shown_ ? &expansion_ : nullptr; }
+    /// The tooltip form while it exists, else nullptr.
+    QWidget* toolTipWindow() const;
+    /// The caption expansion form while it exists, else nullptr.
+    QWidget* captionExpandWindow() const;
 
 private:
-    CaptionExpansion expansion_;
-    bool shown_ = false;
+    std::unique_ptr<SystemHintWindowsPrivate> d;
 };
+
+/// The tooltip text shown or asked for last; a change hides the shown tooltip first.
+VORELLE_EXPORT QString& LastToolTipText();
 
 /// Shows the tooltip of a control (through HintWindows).
 VORELLE_EXPORT void ToolTipShow(const QString& Name, Form* form, const QString& Text_de,

@@ -89,6 +89,7 @@ void captionExpansion(QObject* control, Form* form) {
     CaptionExpansion e;
     e.control = control;
     e.form = form;
+    e.typeName = type;
     e.text = IsGerman() ? readText(control, "Caption_de") : readText(control, "Caption_en");
     if (type == u"prb") {
         e.text = RoundTo(LateGet(control, "Percent").toDouble(),
