@@ -781,6 +781,18 @@ QString FormWizard::status2Text() const {
 int FormWizard::status1VisibleLength() const {
     return d->status1Visible;
 }
+int FormWizard::status1ScrollPos() const {
+    return d->status1ScrollPos;
+}
+bool FormWizard::status1Scrolling() const {
+    return d->status1Scrolling;
+}
+int FormWizard::status2ScrollPos() const {
+    return d->status2ScrollPos;
+}
+bool FormWizard::status2Scrolling() const {
+    return d->status2Scrolling;
+}
 
 QString FormWizard::FormDimensions() {
     Form* form = d->parent;

@@ -115,6 +115,15 @@ public:
     QString status2Text() const;
     /// How many characters of Status1 are drawn (all when it fits).
     int status1VisibleLength() const;
+    /// The scroll counter of Status1: 100 down to 0 standing, below 0 moving, 999 down to
+    /// 900 resting at the end.
+    int status1ScrollPos() const;
+    /// Whether Status1 is in its scroll cycle.
+    bool status1Scrolling() const;
+    /// The scroll counter of Status2, counted as that of Status1.
+    int status2ScrollPos() const;
+    /// Whether Status2 is in its scroll cycle.
+    bool status2Scrolling() const;
 
     // --- Public members by name ---
     /// Loads the language again and rebuilds the title.
