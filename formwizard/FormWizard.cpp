@@ -10,6 +10,7 @@
 
 #include "formwizard/AutoResize.h"
 #include "formwizard/DialogStyle.h"
+#include "formwizard/MenuLeiste.h"
 #include "formwizard/ModuleSwitches.h"
 #include "formwizard/MouseTracker.h"
 #include "formwizard/WindowPosition.h"
@@ -928,6 +929,17 @@ QVariant FormWizard::LockMouseEvent() {
 
 QVariant FormWizard::UnlockMouseEvent() {
     vorelle::UnlockMouseEvent();
+    return {};
+}
+
+QVariant FormWizard::MenuLeisteShow(const QString& MenuCaption, int xPos, int yPos, int Width,
+                                    int Height) {
+    vorelle::MenuLeisteShow(MenuCaption, xPos, yPos, Width, Height);
+    return {};
+}
+
+QVariant FormWizard::MenuLeisteHide() {
+    vorelle::MenuLeisteHide();
     return {};
 }
 

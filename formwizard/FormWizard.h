@@ -149,6 +149,12 @@ public:
     Q_INVOKABLE QVariant LockMouseEvent();
     /// Lets the mouse tracking run again.
     Q_INVOKABLE QVariant UnlockMouseEvent();
+    /// Shows the menu bar banner "frmMenuLeiste" with a caption, topmost, at a place and size
+    /// in screen pixels; returns an empty value.
+    Q_INVOKABLE QVariant MenuLeisteShow(const QString& MenuCaption, int xPos, int yPos, int Width,
+                                        int Height);
+    /// Unloads the menu bar banner; returns an empty value.
+    Q_INVOKABLE QVariant MenuLeisteHide();
     /// Hides the tooltip.
     Q_INVOKABLE void HideToolTip();
     /// Hides the caption expansion.
