@@ -8,8 +8,12 @@
 #include <QWidget>
 
 #include "errors/ScopedLanguage.h"
+#include "formwizard/FormWizard.h"
 #include "formwizard/HintWindows.h"
+#include "formwizard/ModuleSwitches.h"
+#include "formwizard/MouseTracker.h"
 #include "host/form/Form.h"
+#include "host/hooks/WindowHandle.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
 
@@ -17,15 +21,27 @@ using namespace vorelle;
 
 namespace {
 
-// A control with the members the tooltip reads.
+// A label-like control with the members the tooltip and the mouse tracker read.
 class Field : public QWidget {
     Q_OBJECT
+    Q_CLASSINFO("TypeName", "des")
+    Q_PROPERTY(qint32 hwnd READ hwnd)
+    Q_PROPERTY(bool Visible MEMBER visible)
     Q_PROPERTY(bool Enabled MEMBER enabled)
     Q_PROPERTY(bool Locked MEMBER locked)
+    Q_PROPERTY(QString Name READ name)
+    Q_PROPERTY(QString ToolTipText_en MEMBER tip)
+    Q_PROPERTY(QString Caption_en MEMBER caption)
+    Q_PROPERTY(qint32 Width MEMBER widthTwips)
 public:
     using QWidget::QWidget;
+    bool visible = true;
     bool enabled = true;
     bool locked = false;
+    QString tip, caption;
+    qint32 widthTwips = 600;
+    qint32 hwnd() const { return HwndOf(this); }
+    QString name() const { return objectName(); }
 };
 
 QFont tipFont() {
@@ -209,6 +225,42 @@ TEST_F(HintWindowsTest, CaptionExpansionStaysOnItsMonitor) {
     windows.captionExpandShow(expand("des", QRect(work.left(), work.top() - 5, 30, 20)));
     ASSERT_NE(expansion(), nullptr);
     EXPECT_EQ(expansion()->pos(), work.topLeft());
+}
+
+TEST_F(HintWindowsTest, TheTrackerShowsTheRealWindowsAndTheHideRoutinesRemoveThem) {
+    test::FakeWindowGeometry geometry;
+    ScopedService<WindowGeometry> scopedGeometry{geometry};
+    test::FakeMouseButtons buttons;
+    ScopedService<MouseButtons> scopedButtons{buttons};
+    ScopedService<HintWindows> scopedHints{windows};
+    MouseTrackerReset();
+    MouseEventLocked() = false;
+    DoNotShowToolTips() = false;
+    form.resize(400, 300);
+    field->tip = QStringLiteral("Name of the customer");
+    field->caption = QStringLiteral("A caption far too long for its control");
+    geometry.rects[form.hWnd()] = QRect(0, 0, 400, 300);
+    geometry.rects[field->hwnd()] = QRect(50, 60, 40, 16);
+
+    cursor.position = QPoint(60, 65);
+    MouseTracker(20, &form);
+    ASSERT_NE(tip(), nullptr);
+    EXPECT_EQ(tip()->pos(), QPoint(69, 84));
+    ASSERT_NE(expansion(), nullptr) << "the cut-off caption expands";
+    EXPECT_EQ(expansion()->pos(), QPoint(46, 61));
+
+    ToolTipHide();
+    CaptionExpandHide();
+    EXPECT_EQ(tip(), nullptr);
+    EXPECT_EQ(expansion(), nullptr);
+
+    cursor.position = QPoint(62, 66);
+    MouseTracker(20, &form);
+    ASSERT_NE(tip(), nullptr) << "shown again while the cursor moves over the control";
+    LockMouseEvent();
+    EXPECT_EQ(tip(), nullptr);
+    UnlockMouseEvent();
+    MouseTrackerReset();
 }
 
 }  // namespace
