@@ -13,6 +13,8 @@
 #include "DemoForm.h"
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
+#include "formwizard/HintWindows.h"
+#include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/LibraryInfo.h"
@@ -71,6 +73,41 @@ QString styleFileName(const QString& style) {
     return name;
 }
 
+// The tooltip and the caption expansion as they appear over a form, to
+// DIR/tooltip_<language>.png and DIR/captionexpand_<language>.png.
+int hintShots(Form& form, const QString& dir, const QString& language) {
+    auto* windows = dynamic_cast<SystemHintWindows*>(&HintWindows::instance());
+    if (!windows) {
+        return 0;
+    }
+    int failures = 0;
+    auto save = [&](QWidget* window, const char* name) {
+        const QString file = QDir(dir).filePath(QString::fromLatin1(name) + u'_' + language +
+                                                QStringLiteral(".png"));
+        if (!window || !window->grab().save(file)) {
+            std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+            ++failures;
+        }
+    };
+    ToolTipShow(QString(), &form,
+                QStringLiteral("Der Kunde, an den die Rechnung geht.\r\nPflichtfeld"),
+                QStringLiteral("The customer the invoice goes to.\r\nRequired field"));
+    save(windows->toolTipWindow(), "tooltip");
+    ToolTipHide();
+    CaptionExpansion expansion;
+    expansion.typeName = QStringLiteral("des");
+    expansion.text = language == u"de"
+                         ? QStringLiteral("Eine Beschriftung, die ihr Feld nicht fasst")
+                         : QStringLiteral("A caption too long for its field");
+    expansion.font = QFont(QStringLiteral("MS Sans Serif"));
+    expansion.font.setPointSizeF(8.25);
+    expansion.rect = QRect(form.geometry().topLeft() + QPoint(20, 40), QSize(80, 16));
+    CaptionExpandShow(expansion);
+    save(windows->captionExpandWindow(), "captionexpand");
+    CaptionExpandHide();
+    return failures;
+}
+
 int screenshots(const QString& dir) {
     MemoryRegistry store;
     RegistryBackend* previous = RegistryBackend::setInstance(&store);
@@ -106,6 +143,9 @@ int screenshots(const QString& dir) {
                     std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
                     ++failures;
                 }
+            }
+            if (base == u"frmDemo") {
+                failures += hintShots(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.
