@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QMouseEvent>
+#include <QTimer>
 #include <cstdio>
 
 #include "DemoForm.h"
@@ -108,6 +110,52 @@ int hintShots(Form& form, const QString& dir, const QString& language) {
     return failures;
 }
 
+// The dialog menu of a right click on the form's empty surface, to
+// DIR/dialogmenu_<language>.png; the menu is closed again without a choice.
+int dialogMenuShot(Form& form, const QString& dir, const QString& language) {
+    QPoint empty(-1, -1);
+    for (int y = 4; y < form.height() && empty.x() < 0; y += 8) {
+        for (int x = 4; x < form.width(); x += 8) {
+            if (!form.childAt(x, y)) {
+                empty = QPoint(x, y);
+                break;
+            }
+        }
+    }
+    if (empty.x() < 0) {
+        return 0;
+    }
+    const QString file =
+        QDir(dir).filePath(QStringLiteral("dialogmenu_") + language + QStringLiteral(".png"));
+    bool saved = false;
+    int tries = 0;
+    QTimer closer;
+    closer.setInterval(50);
+    QObject::connect(&closer, &QTimer::timeout, [&] {
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            saved = popup->grab().save(file);
+            popup->close();
+        }
+        if (++tries > 40) {
+            closer.stop();
+        }
+    });
+    closer.start();
+    const QPointF local(empty);
+    QMouseEvent press(QEvent::MouseButtonPress, local, form.mapToGlobal(local), Qt::RightButton,
+                      Qt::RightButton, Qt::NoModifier);
+    QApplication::sendEvent(&form, &press);
+    QMouseEvent release(QEvent::MouseButtonRelease, local, form.mapToGlobal(local), Qt::RightButton,
+                        Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(&form, &release);
+    closer.stop();
+    if (!saved) {
+        std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+        return 1;
+    }
+    return 0;
+}
+
 int screenshots(const QString& dir) {
     MemoryRegistry store;
     RegistryBackend* previous = RegistryBackend::setInstance(&store);
@@ -146,6 +194,7 @@ int screenshots(const QString& dir) {
             }
             if (base == u"frmDemo") {
                 failures += hintShots(*form, dir, language);
+                failures += dialogMenuShot(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.
