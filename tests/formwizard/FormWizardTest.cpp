@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QTest>
@@ -303,6 +304,17 @@ TEST_F(FormWizardTest, TheDialogMenuSetsTheStyleAndTheUsersSwitchesForTheNextRun
     QTest::mouseClick(&own, Qt::RightButton, {}, QPoint(40, 40));
     EXPECT_EQ(menu.flagsOf(QStringLiteral("dStyle")), -1);
     EXPECT_EQ(menu.flagsOf(QStringLiteral("posreset")), 0);
+}
+
+TEST_F(FormWizardTest, WithOneScreenCtrlF11LeavesTheFormWhereItIs) {
+    ASSERT_EQ(QGuiApplication::screens().size(), 1);
+    form.wizard = addWizard(&form);
+    showActive(form);
+    form.move(120, 90);
+    const QPoint before = form.frameGeometry().topLeft();
+    QTest::keyClick(&form, Qt::Key_F11, Qt::ControlModifier);
+    EXPECT_EQ(form.frameGeometry().topLeft(), before);
+    form.close();
 }
 
 TEST_F(FormWizardTest, CoolAndHotPaintsTheFormsDiagonalAndTheStatusGradient) {
