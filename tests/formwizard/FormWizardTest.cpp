@@ -306,6 +306,24 @@ TEST_F(FormWizardTest, TheDialogMenuSetsTheStyleAndTheUsersSwitchesForTheNextRun
     EXPECT_EQ(menu.flagsOf(QStringLiteral("posreset")), 0);
 }
 
+TEST_F(FormWizardTest, WhileTheDialogMenuIsOpenTheFormIsNotReportedAsDeactivated) {
+    test::FakePopupMenu menu;
+    ScopedService<PopupMenu> scopedMenu{menu};
+    form.wizard = addWizard(&form);
+    showActive(form);
+    QString seenWhileOpen;
+    menu.whileShown = [&] {
+        emit form.Deactivate();
+        seenWhileOpen = form.wizard->status2Text();
+    };
+    QTest::mouseClick(&form, Qt::RightButton, {}, QPoint(40, 40));
+    ASSERT_EQ(menu.shown.size(), 1);
+    EXPECT_FALSE(seenWhileOpen.startsWith(u"Dialog is deactivated")) << qPrintable(seenWhileOpen);
+    emit form.Deactivate();
+    EXPECT_EQ(form.wizard->status2Text(), "Dialog is deactivated. Click to activate this dialog.");
+    form.close();
+}
+
 TEST_F(FormWizardTest, WithOneScreenCtrlF11LeavesTheFormWhereItIs) {
     ASSERT_EQ(QGuiApplication::screens().size(), 1);
     form.wizard = addWizard(&form);
