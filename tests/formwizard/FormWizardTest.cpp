@@ -306,6 +306,62 @@ TEST_F(FormWizardTest, TheDialogMenuSetsTheStyleAndTheUsersSwitchesForTheNextRun
     EXPECT_EQ(menu.flagsOf(QStringLiteral("posreset")), 0);
 }
 
+TEST_F(FormWizardTest, TheDialogMenuInBothLanguagesWithItsEntriesInOrder) {
+    test::FakePopupMenu menu;
+    ScopedService<PopupMenu> scopedMenu{menu};
+    form.wizard = addWizard(&form);
+    showActive(form);
+    const auto rows = [&] {
+        QStringList list;
+        for (const MenuRow& row : menu.shown.last().rows) {
+            list << QStringLiteral("%1|%2|%3").arg(row.id, row.text).arg(row.depth);
+        }
+        return list;
+    };
+    {
+        test::ScopedLanguage german(QStringLiteral("de"));
+        menu.choose = QStringLiteral("statusscroll2");
+        QTest::mouseClick(&form, Qt::RightButton, {}, QPoint(40, 40));
+        EXPECT_EQ(rows(), QStringList({
+                              "tooltips|ToolTipps anzeigen|0",
+                              "statusscroll|Statuszeile bei Überlänge scrollen|0",
+                              "statusscroll2|Hinweise zu Steuerelementen bei Übergröße scrollen|0",
+                              "dStyle|Dialog-Style|0",
+                              "dStyle\\Cool and hot|Cool and hot (kalt und heiss)|1",
+                              "dStyle\\Winter|Winter (Schnee und Eis)|1",
+                              "dStyle\\Business|Business (grau in grau)|1",
+                              "dStyle\\Quick and simple|Quick and simple (schnell und einfach)|1",
+                              "posreset|Fensterpositionen zurücksetzen \t(Strg+F12)|0",
+                          }));
+        EXPECT_TRUE(DoNotScrollStatus2());
+        EXPECT_EQ(RegGetApp(QStringLiteral("frmKunden"), QStringLiteral("DoNotScrollStatus2"), {}),
+                  "1");
+        menu.choose = QStringLiteral("dStyle\\Business");
+        QTest::mouseClick(&form, Qt::RightButton, {}, QPoint(40, 40));
+        EXPECT_EQ(form.wizard->GetStatus1().toString(), "Dialog-Style Business gesetzt.");
+    }
+    menu.choose = QStringLiteral("statusscroll2");
+    QTest::mouseClick(&form, Qt::RightButton, {}, QPoint(40, 40));
+    EXPECT_EQ(rows(), QStringList({
+                          "tooltips|Show tooltips|0",
+                          "statusscroll|Scroll status bar if too wide|0",
+                          "statusscroll2|Scroll control description in status bar if too large|0",
+                          "dStyle|Dialog style|0",
+                          "dStyle\\Cool and hot|Cool and hot|1",
+                          "dStyle\\Winter|Winter (snow and ice)|1",
+                          "dStyle\\Business|Business (gray on gray)|1",
+                          "dStyle\\Quick and simple|Quick and simple|1",
+                          "posreset|Reset window positions \t(Ctrl+F12)|0",
+                      }));
+    EXPECT_EQ(menu.flagsOf(QStringLiteral("statusscroll2")) & MenuChecked, 0)
+        << "switched off before";
+    EXPECT_NE(menu.flagsOf(QStringLiteral("dStyle\\Business")) & MenuChecked, 0);
+    EXPECT_FALSE(DoNotScrollStatus2()) << "and on again";
+    EXPECT_EQ(RegGetApp(QStringLiteral("frmKunden"), QStringLiteral("DoNotScrollStatus2"), {}),
+              "0");
+    form.close();
+}
+
 TEST_F(FormWizardTest, WhileTheDialogMenuIsOpenTheFormIsNotReportedAsDeactivated) {
     test::FakePopupMenu menu;
     ScopedService<PopupMenu> scopedMenu{menu};
