@@ -39,7 +39,7 @@ struct VORELLE_EXPORT CaptionExpansion {
 };
 
 /// The windows that the mouse tracker shows over a form: the tooltip and the caption
-/// expansion. The system implementation is a stand-in that shows nothing yet.
+/// expansion. Tests put a recording double in place of the system windows.
 class VORELLE_EXPORT HintWindows {
 public:
     virtual ~HintWindows();
