@@ -11,7 +11,11 @@
 #include "ClickTarget.h"
 #include "automation/Mouse.h"
 #include "automation/SteppingSleeper.h"
+#include "formwizard/HintWindows.h"
+#include "formwizard/ModuleSwitches.h"
+#include "formwizard/MouseTracker.h"
 #include "host/form/Form.h"
+#include "host/hooks/WindowHandle.h"
 #include "host/input/CursorState.h"
 #include "host/input/InputInjector.h"
 #include "support/Doubles.h"
@@ -20,6 +24,26 @@ namespace vorelle {
 namespace {
 
 constexpr char kOnServer[] = "VORELLE_REAL_POINTER";
+
+// A label of the form taking part in the mouse tracking, with a tooltip and a caption too
+// long for it.
+class HintedLabel : public QWidget {
+    Q_OBJECT
+    Q_CLASSINFO("TypeName", "des")
+    Q_PROPERTY(qint32 hwnd READ hwnd)
+    Q_PROPERTY(bool Visible READ isVisible)
+    Q_PROPERTY(bool Enabled READ isEnabled)
+    Q_PROPERTY(QString Name READ objectName)
+    Q_PROPERTY(QString ToolTipText_en MEMBER tip)
+    Q_PROPERTY(QString Caption_en MEMBER caption)
+    Q_PROPERTY(qint32 Width MEMBER widthTwips)
+public:
+    using QWidget::QWidget;
+    QString tip = QStringLiteral("Hint under the real pointer");
+    QString caption = QStringLiteral("A caption far too long for its label");
+    qint32 widthTwips = 600;
+    qint32 hwnd() const { return HwndOf(this); }
+};
 
 QPoint twips(const QPoint& pixels) {
     return pixels * 15;
@@ -100,6 +124,31 @@ void clicksAndPathOnTheServer() {
     EXPECT_EQ(sleeper.seen, (QList<QPoint>{away, onButton, onButton, below}));
     EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 3; }, 5000))
         << "the replayed press and release click again; clicks: " << clicks;
+
+    // The tracker's tick, driven here, shows the tooltip and the caption expansion as
+    // windows of their own on the server, by the real pointer.
+    auto* label = new HintedLabel(&form);
+    label->setObjectName(QStringLiteral("desHinweis"));
+    label->setGeometry(150, 20, 40, 16);
+    label->show();
+    auto* windows = dynamic_cast<SystemHintWindows*>(&HintWindows::instance());
+    ASSERT_NE(windows, nullptr);
+    MouseTrackerReset();
+    const QPoint onLabel = label->mapToGlobal(QPoint(10, 8));
+    mouse.Move(twips(onLabel).x(), twips(onLabel).y());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QCursor::pos() == onLabel; }, 5000));
+    MouseTracker(20, &form);
+    QWidget* tip = windows->toolTipWindow();
+    ASSERT_NE(tip, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(tip));
+    EXPECT_EQ(tip->pos(), onLabel + QPoint(9, 19));
+    QWidget* expansion = windows->captionExpandWindow();
+    ASSERT_NE(expansion, nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(expansion));
+    EXPECT_EQ(expansion->pos(), label->mapToGlobal(QPoint(-4, 1)));
+    ToolTipHide();
+    CaptionExpandHide();
+    MouseTrackerReset();
 }
 
 // Starts Xvfb on a free display, runs this test program there with the xcb platform and
@@ -158,3 +207,5 @@ TEST(RealPointer, ClickDoubleClickAndAReplayedPathReachWidgetsThroughTheXServer)
 
 }  // namespace
 }  // namespace vorelle
+
+#include "RealPointerTest.moc"
