@@ -108,6 +108,12 @@ int qtKeyOf(QChar c) {
     return upper.unicode() <= 0xff ? upper.unicode() : Qt::Key_unknown;
 }
 
+// VORELLE_FUZZ_TRACE=1 prints every step, to follow a failing input.
+bool trace() {
+    static const bool on = qEnvironmentVariableIsSet("VORELLE_FUZZ_TRACE");
+    return on;
+}
+
 class Session {
 public:
     Session() {
@@ -338,6 +344,11 @@ private:
         }
         for (Control& c : controls_) {
             c.invariant->before(s);
+        }
+        if (trace()) {
+            std::fprintf(stderr, "step %d key %x mods %x text '%s' property %s=%s\n", int(s.kind),
+                         s.qtKey, s.modifiers, qPrintable(s.text), qPrintable(s.property),
+                         qPrintable(s.value.toString()));
         }
         act();
         QCoreApplication::sendPostedEvents();

@@ -1,5 +1,7 @@
 #include "keys/TxtInvariant.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <algorithm>
 
 #include "host/input/EntryField.h"
@@ -48,6 +50,11 @@ void TxtInvariant::before(const Step& step) {
         case Step::Key:
             if (step.text.size() > 1) {
                 allow(step.text);  // beyond one 16-bit code: unfiltered by design
+            }
+            if ((step.modifiers & Qt::ControlModifier) ||
+                (step.qtKey == Qt::Key_Insert && (step.modifiers & Qt::ShiftModifier))) {
+                // A paste is no typing: it brings what was copied, also from another field.
+                allow(QGuiApplication::clipboard()->text());
             }
             break;
         default:
