@@ -14,20 +14,13 @@ namespace {
 
 class MouseTest : public ::testing::Test {
 protected:
-    test::FakeCursor cursor;
-    ScopedService<CursorState> scopedCursor{cursor};
-    test::FakeMouseButtons buttons;
-    ScopedService<MouseButtons> scopedButtons{buttons};
-    test::FakeKeyState keys;
-    ScopedService<KeyState> scopedKeys{keys};
-    test::FakeInputInjector input;
-    ScopedService<InputInjector> scopedInput{input};
-    test::FakeWindowGeometry geometry;
-    ScopedService<WindowGeometry> scopedGeometry{geometry};
-    test::FakeMessageBox boxes;
-    ScopedService<MessageBox> scopedBoxes{boxes};
-    test::SteppingSleeper sleeper;
-    ScopedService<Sleeper> scopedSleeper{sleeper};
+    test::Installed<test::FakeCursor, CursorState> cursor;
+    test::Installed<test::FakeMouseButtons, MouseButtons> buttons;
+    test::Installed<test::FakeKeyState, KeyState> keys;
+    test::Installed<test::FakeInputInjector, InputInjector> input;
+    test::Installed<test::FakeWindowGeometry, WindowGeometry> geometry;
+    test::Installed<test::FakeMessageBox, MessageBox> boxes;
+    test::Installed<test::SteppingSleeper, Sleeper> sleeper;
     Mouse mouse;
 };
 

@@ -172,14 +172,10 @@ protected:
     QString status2() const { return wizard->status2Text(); }
 
     test::ScopedMemoryStore store;
-    test::FakeMessageBox boxes;
-    ScopedService<MessageBox> scopedBoxes{boxes};
-    test::FakeCursor cursor;
-    ScopedService<CursorState> scopedCursor{cursor};
-    test::FakeMouseButtons buttons;
-    ScopedService<MouseButtons> scopedButtons{buttons};
-    test::FakeWindowGeometry geometry;
-    ScopedService<WindowGeometry> scopedGeometry{geometry};
+    test::Installed<test::FakeMessageBox, MessageBox> boxes;
+    test::Installed<test::FakeCursor, CursorState> cursor;
+    test::Installed<test::FakeMouseButtons, MouseButtons> buttons;
+    test::Installed<test::FakeWindowGeometry, WindowGeometry> geometry;
     RecordingHints hints;
     ScopedService<HintWindows> scopedHints{hints};
     QStringList calls, moves;

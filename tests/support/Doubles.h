@@ -138,4 +138,11 @@ private:
     ScopedService<RegistryBackend> scope_;
 };
 
+// A test double that stands in for the service as long as it lives:
+//   test::Installed<test::FakeCursor, CursorState> cursor;
+template <class Fake, class Service>
+class Installed : public Fake {
+    ScopedService<Service> scope_{*this};
+};
+
 }  // namespace vorelle::test
