@@ -5,6 +5,8 @@
 //                                 DIR/<form>_<style>_en.png, on a settings store in memory
 //                                 (the user's settings stay untouched); a form with
 //                                 doResizing also larger, to DIR/<form>_gross_<language>.png
+//                                 and the progress form at 0%, 50% and 100%, to
+//                                 DIR/progress_<percent>_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -15,6 +17,7 @@
 #include "DemoForm.h"
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
+#include "ProgressDemo.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -50,6 +53,7 @@ std::unique_ptr<Form> openForm(const QString& path, const QStringList& forms) {
         return start;
     }
     std::unique_ptr<Form> form = FormLoader::load(path);
+    demo::ConnectProgressSliders(form.get());
     demo::ApplyFormTexts(form.get());
     return form;
 }
@@ -195,6 +199,9 @@ int screenshots(const QString& dir) {
             if (base == u"frmDemo") {
                 failures += hintShots(*form, dir, language);
                 failures += dialogMenuShot(*form, dir, language);
+            }
+            if (base == u"frmFortschritt") {
+                failures += demo::ProgressShots(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.
