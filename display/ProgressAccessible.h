@@ -23,6 +23,12 @@ public:
     QAccessible::State state() const override;
     /// The value interface besides the widget's own.
     void* interface_cast(QAccessible::InterfaceType t) override;
+    /// None: the frames, the picture and the font holder are the control's own parts.
+    int childCount() const override { return 0; }
+    /// None.
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    /// -1: no part is a child of its own.
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
 
     /// Percent in percent points (0.42 gives 42).
     QVariant currentValue() const override;

@@ -34,8 +34,6 @@ class VORELLE_EXPORT prb : public FormControl {
     // Not persisted.
     Q_PROPERTY(QString Caption READ Caption WRITE setCaption STORED false)
     Q_PROPERTY(QFont Font READ Font STORED false)
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// Width of a new bar, and the width that a bar narrower than kMinWidth gets, in twips.
@@ -90,10 +88,6 @@ public:
     /// The bar's length in pixels for the current Percent and width.
     int fillLength() const;
 
-    /// Device context of the drawing surface.
-    using ControlBase::hdc;
-    /// Constant true.
-    using ControlBase::HasDC;
     /// Loads the language again and redraws with its caption.
     Q_INVOKABLE void Refresh() { refreshControl(); }
 

@@ -30,8 +30,6 @@ class VORELLE_EXPORT prc : public FormControl {
     Q_PROPERTY(QString ToolTipText_en READ ToolTipText_en WRITE setToolTipText_en)
 
     // Not persisted.
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// The smallest width (and so height) of the clock, in twips.
@@ -70,10 +68,6 @@ public:
     /// The clock as it is drawn now (drawn first when it is out of date).
     QImage picture();
 
-    /// Device context of the drawing surface.
-    using ControlBase::hdc;
-    /// Constant true.
-    using ControlBase::HasDC;
     /// Loads the language again and redraws.
     Q_INVOKABLE void Refresh() { refreshControl(); }
 
