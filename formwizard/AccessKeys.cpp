@@ -11,6 +11,7 @@
 #include "host/form/Form.h"
 #include "host/hooks/SystemMenu.h"
 #include "host/input/KeyState.h"
+#include "host/input/VirtualKeys.h"
 #include "host/platform/Environment.h"
 #include "host/platform/MessageBox.h"
 #include "host/platform/Sleeper.h"
@@ -19,12 +20,12 @@ namespace vorelle {
 
 namespace {
 
-constexpr int kShift = 16;
-constexpr int kControl = 17;
-constexpr int kAlt = 18;
-constexpr int kF1 = 112;
-constexpr int kF11 = 122;
-constexpr int kF12 = 123;
+constexpr int kShift = VK_SHIFT;
+constexpr int kControl = VK_CONTROL;
+constexpr int kAlt = VK_MENU;
+constexpr int kF1 = VK_F1;
+constexpr int kF11 = VK_F12 - 1;
+constexpr int kF12 = VK_F12;
 
 bool isButton(const QObject* control) {
     return LateGet(control, "TypeName").toString() == u"cmd";
