@@ -15,6 +15,7 @@
 #include "display/prb.h"
 #include "display/prc.h"
 #include "foundation/Language.h"
+#include "foundation/LateBinding.h"
 #include "foundation/RegStore.h"
 #include "host/form/Form.h"
 #include "host/frame/OleColor.h"
@@ -375,6 +376,17 @@ TEST_F(ProgressTest, TheClockStaysSharpOnAScaledScreen) {
     const QImage once = clock->picture();
     EXPECT_EQ(once.devicePixelRatio(), clock->devicePixelRatioF());
     EXPECT_EQ(once.size(), QSize(100, 100) * clock->devicePixelRatioF());
+}
+
+TEST_F(ProgressTest, TheFormManagerReadsTheBarByName) {
+    auto* bar = make<prb>({{"Percent", 0.5}, {"Nachkommastellen", 1}});
+    bar->setCaption_en(QStringLiteral("Copying"));
+    EXPECT_EQ(LateGet(bar, "Percent").toDouble(), 0.5);
+    EXPECT_EQ(LateGet(bar, "Nachkommastellen").toInt(), 1);
+    EXPECT_EQ(LateGet(bar, "Caption_en").toString(), QStringLiteral("Copying"));
+    EXPECT_TRUE(LateGet(bar, "Font").value<QFont>().bold());
+    EXPECT_FALSE(LateSet(bar, "Font", QFont()));  // read only
+    EXPECT_EQ(LateGet(bar, "TypeName").toString(), QStringLiteral("prb"));
 }
 
 // --- Accessibility ------------------------------------------------------------------------------
