@@ -1,5 +1,6 @@
 #include "display/BarPicture_p.h"
 
+#include <QPaintEvent>
 #include <QPainter>
 
 #include "host/frame/ControlBase.h"

@@ -1,5 +1,6 @@
 #include "display/PercentText_p.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace vorelle {

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QFontMetrics>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 #include "display/BarPicture_p.h"

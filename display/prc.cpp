@@ -6,6 +6,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPointer>
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
