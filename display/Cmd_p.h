@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPixmap>
+#include <QString>
+
+#include "foundation/TextPair.h"
+
+namespace vorelle {
+
+class CmdPicture;
+
+// The data of Cmd.
+class CmdPrivate {
+public:
+    CmdPicture* picInnen = nullptr;
+    TextPair caption;
+    TextPair accessKey;
+    TextPair toolTipText;
+    QString buttonType;
+    QPixmap picture;
+    // The caption colour of picInnen outside a press.
+    QString savedForeColor = QStringLiteral("000000");
+    int pictureAlignHor = 0;
+    int pictureAlignVert = 0;
+    int keyDown = 0;  // the key that began a press from the keyboard, 0 for none
+    bool isMenuButton = false;
+    bool isToolButton = false;
+    bool pictureVisible = true;
+    bool pressed = false;
+    bool hover = false;
+};
+
+}  // namespace vorelle
