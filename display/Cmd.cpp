@@ -83,7 +83,12 @@ constexpr int kGap = 4;    // between icon and caption
 Cmd::Cmd(QWidget* parent) : FormControl(parent), d(std::make_unique<CmdPrivate>()) {
     static std::once_flag accessible;
     std::call_once(accessible, InstallCmdAccessibility);
-    d->picInnen = new CmdPicture(this, [this] { paint(); });
+    d->picInnen = new CmdPicture(this, [this] {
+        // A style change of the form reaches the button as a repaint.
+        if (d->picInnen->stale() || d->paintedStyle != CurrentDialogStyle()) {
+            paint();
+        }
+    });
     markConstituent(d->picInnen);
     setFocusPolicy(Qt::StrongFocus);
     initForeColor(kDefaultForeColor);
@@ -611,7 +616,8 @@ void Cmd::paint() {
     if (pic->geometry() != rect()) {  // a hidden button hears of its new size only when shown
         pic->setGeometry(rect());
     }
-    QString style = CurrentDialogStyle();
+    d->paintedStyle = CurrentDialogStyle();
+    QString style = d->paintedStyle;
     if (style.isEmpty()) {
         style =
             RegGetApp(FormName(), QStringLiteral("DialogStyle"), QStringLiteral("Cool and hot"));
@@ -633,8 +639,10 @@ void Cmd::paint() {
     }
     if (gradient) {
         FontEffect(pic, base, d->pressed, light);
+        d->faceMiddle = mix(colourOf(base), colourOf(light));
     } else {
-        pic->surface().fill(Enabled() ? OleToQColor(BackColor()) : QColor(Qt::black));
+        d->faceMiddle = Enabled() ? OleToQColor(BackColor()) : QColor(Qt::black);
+        pic->surface().fill(d->faceMiddle);
     }
     {
         QPainter p(&pic->surface());
@@ -751,10 +759,8 @@ void Cmd::PrintText2() {
     if (letter >= 0) {
         shown.insert(letter + caption.left(letter).count(u'&'), u'&');
     }
-    const QColor faceColour = Enabled() ? mix(colourOf(ColorToHex(BackColor())),
-                                              colourOf(lighter(ColorToHex(BackColor()))))
-                                        : QColor(0x28, 0x28, 0x28);
-    const bool darkFace = qGray(faceColour.rgb()) < 128 || CurrentDialogStyle() == u"Business";
+    const QColor faceColour = d->faceMiddle;
+    const bool darkFace = qGray(faceColour.rgb()) < 128;
     QColor text;
     if (!Enabled()) {
         text = colourOf(QStringLiteral("808080"));
@@ -771,7 +777,7 @@ void Cmd::PrintText2() {
     const int flags = Qt::AlignCenter | Qt::TextWordWrap | Qt::TextShowMnemonic;
     const bool faint = std::abs(qGray(text.rgb()) - qGray(faceColour.rgb())) < 80;
     if (faint) {  // a light caption on a light face gets a shadow to stand out
-        p.setPen(qGray(faceColour.rgb()) < 128 ? QColor(Qt::black) : QColor(0x60, 0x60, 0x60));
+        p.setPen(qGray(faceColour.rgb()) < 128 ? QColor(Qt::black) : QColor(0x30, 0x30, 0x30));
         p.drawText(textRect.translated(1, 1), flags, shown);
     }
     p.setPen(text);

@@ -7,8 +7,8 @@
 
 namespace vorelle {
 
-CmdPicture::CmdPicture(QWidget* parent, std::function<void()> redraw)
-    : QWidget(parent), redraw_(std::move(redraw)) {
+CmdPicture::CmdPicture(QWidget* parent, std::function<void()> beforePaint)
+    : QWidget(parent), beforePaint_(std::move(beforePaint)) {
     setObjectName(QStringLiteral("picInnen"));
     setFocusPolicy(Qt::NoFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -31,13 +31,16 @@ QImage& CmdPicture::surface() {
     return image_;
 }
 
+bool CmdPicture::stale() const {
+    return image_.isNull() || image_.devicePixelRatio() != devicePixelRatioF() ||
+           image_.deviceIndependentSize().toSize() != size();
+}
+
 void CmdPicture::paintEvent(QPaintEvent*) {
-    const bool stale = image_.isNull() || image_.devicePixelRatio() != devicePixelRatioF() ||
-                       image_.deviceIndependentSize().toSize() != size();
-    if (stale && redraw_ && !redrawing_) {
-        redrawing_ = true;
-        redraw_();
-        redrawing_ = false;
+    if (beforePaint_ && !inBeforePaint_) {
+        inBeforePaint_ = true;
+        beforePaint_();
+        inBeforePaint_ = false;
     }
     QPainter p(this);
     p.drawImage(0, 0, image_);

@@ -24,9 +24,9 @@ class CmdPicture : public QWidget, public DrawingSurface {
     Q_PROPERTY(QString ForeColor READ ForeColor WRITE setForeColor STORED false)
 
 public:
-    // `redraw` draws the whole face again; it runs when the picture is shown at another size
-    // or device pixel ratio than it was drawn for.
-    CmdPicture(QWidget* parent, std::function<void()> redraw);
+    // `beforePaint` runs before each paint of the widget: the owner draws the face again
+    // there when it is stale (see stale()) or drawn for another dialog style.
+    CmdPicture(QWidget* parent, std::function<void()> beforePaint);
 
     bool HasDC() const { return true; }
     qint32 hdc() const;
@@ -43,6 +43,8 @@ public:
 
     QImage& surface() override;
     void surfaceChanged() override { update(); }
+    // True when the picture was drawn for another size or device pixel ratio, or never.
+    bool stale() const;
     // The picture as it was drawn last, for tests and screenshots.
     const QImage& picture() const { return image_; }
 
@@ -50,12 +52,12 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    std::function<void()> redraw_;
+    std::function<void()> beforePaint_;
     QImage image_;
     QString foreColor_ = QStringLiteral("000000");
     int scaleMode_ = 3;
     bool autoRedraw_ = true;
-    bool redrawing_ = false;
+    bool inBeforePaint_ = false;
 };
 
 }  // namespace vorelle

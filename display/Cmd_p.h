@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QPixmap>
 #include <QString>
 
@@ -17,6 +18,8 @@ public:
     TextPair accessKey;
     TextPair toolTipText;
     QString buttonType;
+    QString paintedStyle;  // the dialog style of the last paint
+    QColor faceMiddle;     // the colour in the middle of the face of the last paint
     QPixmap picture;
     // The caption colour of picInnen outside a press.
     QString savedForeColor = QStringLiteral("000000");

@@ -105,6 +105,7 @@ void DemoForm::openForm(const QString& path) {
     try {
         std::unique_ptr<Form> form = FormLoader::load(path);
         ApplyFormTexts(form.get());
+        ReportButtonClicks(form.get());
         form->setAttribute(Qt::WA_DeleteOnClose);
         form.release()->show();
     } catch (const UiFileError& e) {
