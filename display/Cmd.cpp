@@ -127,7 +127,7 @@ void Cmd::ReadProperties(const PropertyBag& bag) {
     const TextPair tip(str("ToolTipText_de"), str("ToolTipText_en"));
     const qint32 fore = number("ForeColor", kDefaultForeColor);
     const qint32 back = number("BackColor", kDefaultBackColor);
-    const QPixmap picture = bag.ReadProperty(QStringLiteral("Picture"), QPixmap()).value<QPixmap>();
+    const QImage picture = bag.ReadProperty(QStringLiteral("Picture"), QImage()).value<QImage>();
     const int alignHor = number("PictureAlignHor", 0);
     const int alignVert = number("PictureAlignVert", 0);
     const bool pictureVisible = flag("PictureVisible", true);
@@ -168,9 +168,7 @@ void Cmd::WriteProperties(PropertyBag& bag) const {
     put("ToolTipText_en", d->toolTipText.en(), QString());
     put("ForeColor", ForeColor(), kDefaultForeColor);
     put("BackColor", BackColor(), kDefaultBackColor);
-    if (!d->picture.isNull()) {  // no picture is the default
-        put("Picture", d->picture, QVariant());
-    }
+    put("Picture", d->picture, QImage());
     put("PictureAlignHor", d->pictureAlignHor, 0);
     put("PictureAlignVert", d->pictureAlignVert, 0);
     put("PictureVisible", d->pictureVisible, true);
@@ -343,11 +341,11 @@ QString Cmd::ToolTipText() const {
     return d->toolTipText.current();
 }
 
-QPixmap Cmd::Picture() const {
+QImage Cmd::Picture() const {
     return d->picture;
 }
 
-void Cmd::setPicture(const QPixmap& picture) {
+void Cmd::setPicture(const QImage& picture) {
     d->picture = picture;
     PropertyChanged(QStringLiteral("Picture"));
     paint();
@@ -743,7 +741,7 @@ void Cmd::PrintText2() {
             }
         }
         if (ownPicture) {
-            p.drawPixmap(iconRect, d->picture);
+            p.drawImage(iconRect, d->picture);
         } else {
             CmdIconDraw(p, iconRect, d->buttonType, !Enabled());
         }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QFont>
-#include <QPixmap>
+#include <QImage>
 #include <QString>
 #include <memory>
 
@@ -45,7 +45,7 @@ class VORELLE_EXPORT Cmd : public FormControl {
     Q_PROPERTY(QString ToolTipText_en READ ToolTipText_en WRITE setToolTipText_en)
     Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
     Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
-    Q_PROPERTY(QPixmap Picture READ Picture WRITE setPicture)
+    Q_PROPERTY(QImage Picture READ Picture WRITE setPicture)
     Q_PROPERTY(int PictureAlignHor READ PictureAlignHor WRITE setPictureAlignHor)
     Q_PROPERTY(int PictureAlignVert READ PictureAlignVert WRITE setPictureAlignVert)
     Q_PROPERTY(bool PictureVisible READ PictureVisible WRITE setPictureVisible)
@@ -63,8 +63,6 @@ class VORELLE_EXPORT Cmd : public FormControl {
     Q_PROPERTY(bool FontUnderline READ FontUnderline WRITE setFontUnderline STORED false)
     Q_PROPERTY(QString FontName READ FontName WRITE setFontName STORED false)
     Q_PROPERTY(double FontSize READ FontSize WRITE setFontSize STORED false)
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// ForeColor of a new control (an OLE colour number: red + 256 * green + 65536 * blue).
@@ -141,9 +139,9 @@ public:
     /// Sets the caption font and repaints.
     using ControlBase::setFontProperty;
     /// The icon set by the form's author; null when none (the type's own icon is drawn).
-    QPixmap Picture() const;
+    QImage Picture() const;
     /// Sets the icon and repaints.
-    void setPicture(const QPixmap& picture);
+    void setPicture(const QImage& picture);
     /// Where the icon sits across: 0 left, 1 right, 2 centre.
     int PictureAlignHor() const;
     /// Sets the icon's place across; values outside 0 to 2 count as 0.

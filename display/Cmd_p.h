@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QColor>
-#include <QPixmap>
+#include <QImage>
 #include <QString>
 
 #include "foundation/TextPair.h"
@@ -20,7 +20,7 @@ public:
     QString buttonType;
     QString paintedStyle;  // the dialog style of the last paint
     QColor faceMiddle;     // the colour in the middle of the face of the last paint
-    QPixmap picture;
+    QImage picture;
     // The caption colour of picInnen outside a press.
     QString savedForeColor = QStringLiteral("000000");
     int pictureAlignHor = 0;
