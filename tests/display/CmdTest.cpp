@@ -184,6 +184,24 @@ TEST_F(CmdTest, ReturnAndSpaceClickOnceAtTheRelease) {
     EXPECT_EQ(clicks.count(), 1);
 }
 
+TEST_F(CmdTest, FocusedButtonOnAShownManagedFormClicksByReturn) {
+    Cmd* first = button("cmdEins", QRect(10, 10, 80, 26));
+    Cmd* second = button("cmdZwei", QRect(10, 50, 80, 26));
+    second->setEnabledProperty(false);
+    QSignalSpy clicks(first, &Cmd::Click);
+    form.show();
+    QApplication::setActiveWindow(&form);
+    first->setFocus();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(QApplication::focusWidget(), first);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(clicks.count(), 1) << "the form passes Return to the focused button";
+    second->setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_NE(QApplication::focusWidget(), second) << "a disabled button passes the focus on";
+    form.hide();
+}
+
 TEST_F(CmdTest, ButtonTypeSetsTheCaptionPairOfAFormButtonOnly) {
     Cmd* b = button("cmdTyp", QRect(10, 10, 80, 26));
     const struct {
