@@ -13,13 +13,16 @@
 #include "display/CmdIcons.h"
 #include "display/CmdPicture_p.h"
 #include "errors/ScopedLanguage.h"
+#include "formwizard/AccessKeys.h"
 #include "formwizard/DialogStyle.h"
 #include "formwizard/FormWizard.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "formwizard/MouseTracker.h"
 #include "host/form/Form.h"
+#include "host/form/FormLoader.h"
 #include "host/frame/OleColor.h"
+#include "host/platform/Sleeper.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
 
@@ -200,6 +203,68 @@ TEST_F(CmdTest, FocusedButtonOnAShownManagedFormClicksByReturn) {
     QCoreApplication::processEvents();
     EXPECT_NE(QApplication::focusWidget(), second) << "a disabled button passes the focus on";
     form.hide();
+}
+
+// A key that the tick finds down stays down for one wait, as a short press of the hand.
+class ReleasingSleeper : public Sleeper {
+public:
+    test::FakeKeyState* keys = nullptr;
+    void sleep(int) override { keys->down.clear(); }
+};
+
+TEST_F(CmdTest, AccessKeysHandedOutByTheManagerClickOnceAndADisabledButtonOnlyBeeps) {
+    test::Installed<test::FakeKeyState, KeyState> keys;
+    test::Installed<ReleasingSleeper, Sleeper> sleeper;
+    sleeper.keys = &keys;
+    Cmd* save = button("cmdSave", QRect(10, 10, 80, 26));
+    save->setButtonType(QStringLiteral("Speichern"));
+    Cmd* send = button("cmdSend", QRect(10, 50, 80, 26));
+    send->setCaption_de(QStringLiteral("Senden"));
+    send->setCaption_en(QStringLiteral("Senden"));
+    PropertyBag menuBag;
+    menuBag.insert(QStringLiteral("IsMenuButton"), true);
+    menuBag.insert(QStringLiteral("ButtonType"), QStringLiteral("Hilfe"));
+    menuBag.insert(QStringLiteral("ToolTipText_en"), QStringLiteral("Help"));
+    Cmd* menu = button("cmdMenu", QRect(100, 1, 26, 25), menuBag);
+    AccessKeysDistribute(&form);
+    EXPECT_EQ(save->AccessKey_en(), "Alt+S");
+    EXPECT_EQ(send->AccessKey_en(), "Alt+E");
+    EXPECT_EQ(menu->AccessKey_en(), "Alt+1");
+    EXPECT_EQ(Cmd::accessLetterIndex(send->Caption(), send->AccessKey_en()), 1)
+        << "the letter underlined is the one handed out";
+
+    QSignalSpy saved(save, &Cmd::Click), sent(send, &Cmd::Click), menus(menu, &Cmd::Click);
+    const QList<AccessKeyRow> table = AccessKeyTableBuild(&form);
+    keys.down = {18, 'E'};
+    KeyboardPoll(&form, table);
+    keys.down = {18, '1'};
+    KeyboardPoll(&form, table);
+    EXPECT_EQ(saved.count(), 0);
+    EXPECT_EQ(sent.count(), 1);
+    EXPECT_EQ(menus.count(), 1) << "a menu button clicks once, at the press";
+
+    send->setEnabledProperty(false);
+    keys.down = {18, 'E'};
+    KeyboardPoll(&form, table);
+    EXPECT_EQ(sent.count(), 1);
+    EXPECT_EQ(boxes.beeps, 1);
+}
+
+TEST(CmdDemoForm, CarriesTheKeysTheManagerHandsOut) {
+    test::ScopedMemoryStore store;
+    std::unique_ptr<Form> form =
+        FormLoader::load(QStringLiteral(VORELLE_SOURCE_DIR "/apps/demo/forms/frmKnoepfe.ui"));
+    QStringList written;
+    for (const Cmd* b : form->findChildren<Cmd*>()) {
+        written << b->objectName() + u' ' + b->AccessKey_de() + u'/' + b->AccessKey_en();
+    }
+    AccessKeysDistribute(form.get());
+    QStringList handedOut;
+    for (const Cmd* b : form->findChildren<Cmd*>()) {
+        handedOut << b->objectName() + u' ' + b->AccessKey_de() + u'/' + b->AccessKey_en();
+    }
+    EXPECT_EQ(written, handedOut);
+    EXPECT_EQ(written.size(), 37);
 }
 
 TEST_F(CmdTest, ButtonTypeSetsTheCaptionPairOfAFormButtonOnly) {
