@@ -107,6 +107,7 @@ void DemoForm::openForm(const QString& path) {
         std::unique_ptr<Form> form = FormLoader::load(path);
         ConnectProgressSliders(form.get());
         ApplyFormTexts(form.get());
+        ReportButtonClicks(form.get());
         form->setAttribute(Qt::WA_DeleteOnClose);
         form.release()->show();
     } catch (const UiFileError& e) {

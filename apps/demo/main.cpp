@@ -160,6 +160,39 @@ int dialogMenuShot(Form& form, const QString& dir, const QString& language) {
     return 0;
 }
 
+// The button form as the user sees it, then with buttons under the cursor and pressed (as
+// the form's mouse tracking would call them), to DIR/knoepfe_<language>.png,
+// DIR/knoepfe_hover_<language>.png and DIR/knoepfe_pressed_<language>.png.
+int buttonShots(Form& form, const QString& dir, const QString& language) {
+    LateCall(form.Controls(QStringLiteral("FormWizard1")), "SetDialogStyle",
+             {QStringLiteral("Cool and hot")});
+    const QList<QObject*> shown{form.Controls(QStringLiteral("cmdOK")),
+                                form.Controls(QStringLiteral("cmdToolHome")),
+                                form.Controls(QStringLiteral("cmdMenuDokument"))};
+    int failures = 0;
+    auto save = [&](const QString& name) {
+        QApplication::processEvents();
+        const QString file = QDir(dir).filePath(name + language + QStringLiteral(".png"));
+        if (!form.grab().save(file)) {
+            std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+            ++failures;
+        }
+    };
+    save(QStringLiteral("knoepfe_"));
+    for (QObject* button : shown) {
+        LateCall(button, "MouseOver", {0});
+    }
+    save(QStringLiteral("knoepfe_hover_"));
+    for (QObject* button : shown.mid(0, 2)) {  // a menu button clicks at the press instead
+        LateCall(button, "MouseDown", {1, 0.0, 0.0});
+    }
+    save(QStringLiteral("knoepfe_pressed_"));
+    for (QObject* button : shown) {
+        LateCall(button, "MouseOut", {0});
+    }
+    return failures;
+}
+
 int screenshots(const QString& dir) {
     MemoryRegistry store;
     RegistryBackend* previous = RegistryBackend::setInstance(&store);
@@ -195,6 +228,9 @@ int screenshots(const QString& dir) {
                     std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
                     ++failures;
                 }
+            }
+            if (base == u"frmKnoepfe") {
+                failures += buttonShots(*form, dir, language);
             }
             if (base == u"frmDemo") {
                 failures += hintShots(*form, dir, language);
