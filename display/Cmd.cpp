@@ -6,8 +6,8 @@
 
 #include "display/CmdAccessible.h"
 #include "display/CmdIcons.h"
-#include "display/CmdPicture_p.h"
 #include "display/Cmd_p.h"
+#include "display/PictureBox_p.h"
 #include "formwizard/DialogStyle.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -83,7 +83,7 @@ constexpr int kGap = 4;    // between icon and caption
 Cmd::Cmd(QWidget* parent) : FormControl(parent), d(std::make_unique<CmdPrivate>()) {
     static std::once_flag accessible;
     std::call_once(accessible, InstallCmdAccessibility);
-    d->picInnen = new CmdPicture(this, [this] {
+    d->picInnen = new PictureBox(this, QStringLiteral("picInnen"), Qt::transparent, [this] {
         // A style change of the form reaches the button as a repaint.
         if (d->picInnen->stale() || d->paintedStyle != CurrentDialogStyle()) {
             paint();
@@ -452,7 +452,7 @@ bool Cmd::isPressed() const {
     return d->pressed;
 }
 
-CmdPicture* Cmd::innerPicture() const {
+PictureBox* Cmd::innerPicture() const {
     return d->picInnen;
 }
 
@@ -607,7 +607,7 @@ void Cmd::keyReleaseEvent(QKeyEvent* event) {
 // --- Painting -----------------------------------------------------------------------------
 
 void Cmd::paint() {
-    CmdPicture* pic = d->picInnen;
+    PictureBox* pic = d->picInnen;
     if (!isStarted()) {
         return;  // drawn once the host has started the button
     }
@@ -675,7 +675,7 @@ void Cmd::paint() {
 }
 
 void Cmd::PrintText2() {
-    CmdPicture* pic = d->picInnen;
+    PictureBox* pic = d->picInnen;
     QImage& image = pic->surface();
     if (!isStarted() || image.isNull()) {
         return;

@@ -9,7 +9,7 @@
 
 namespace vorelle {
 
-class CmdPicture;
+class PictureBox;
 class CmdPrivate;
 
 // The library's push button. It draws itself on its inner picture, picInnen, and reacts to
@@ -188,7 +188,7 @@ public:
     /// True between a press and the click that ends it, or MouseOut.
     bool isPressed() const;
     /// The inner picture, picInnen, that the button draws on.
-    CmdPicture* innerPicture() const;
+    PictureBox* innerPicture() const;
     /// The index in `caption` of the letter that `key` names, or -1: for "Alt+X" the first
     /// character whose lower case is x, with a shift modifier the first upper-case X.
     static int accessLetterIndex(const QString& caption, const QString& key);

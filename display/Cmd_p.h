@@ -8,12 +8,12 @@
 
 namespace vorelle {
 
-class CmdPicture;
+class PictureBox;
 
 // The data of Cmd.
 class CmdPrivate {
 public:
-    CmdPicture* picInnen = nullptr;
+    PictureBox* picInnen = nullptr;
     TextPair caption;
     TextPair accessKey;
     TextPair toolTipText;

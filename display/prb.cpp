@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "display/BarPicture_p.h"
 #include "display/PercentText_p.h"
+#include "display/PictureBox_p.h"
 #include "display/ProgressAccessible.h"
 #include "display/ProgressFont_p.h"
 #include "display/des.h"
@@ -25,6 +25,9 @@ namespace {
 // The bar's gradient: bright green at the left, darker towards the bar's end.
 const QString kBarDark = QStringLiteral("00C000");
 const QString kBarBright = QStringLiteral("00FF00");
+// The colours of a new picture box: button face behind button text (OLE system colours).
+constexpr qint32 kPictureBackColor = static_cast<qint32>(0x8000000F);
+constexpr qint32 kPictureForeColor = static_cast<qint32>(0x80000012);
 
 }  // namespace
 
@@ -35,11 +38,12 @@ prb::prb(QWidget* parent) : FormControl(parent), d(std::make_unique<prbPrivate>(
     d->desFontSpeicher->setObjectName(QStringLiteral("desFontSpeicher"));
     d->desFontSpeicher->hide();
     d->desFontSpeicher->setFont(ProgressFont());
-    d->picBar = new BarPicture(this, [this] {
-        if (d->dirty || d->picBar->stale()) {
-            draw();
-        }
-    });
+    d->picBar =
+        new PictureBox(this, QStringLiteral("picBar"), OleToQColor(kPictureBackColor), [this] {
+            if (d->dirty || d->picBar->stale()) {
+                draw();
+            }
+        });
     d->shpBlau = new Shape(this);
     d->shpBlau->setObjectName(QStringLiteral("shpBlau"));
     d->shpWeiss = new Shape(this);
@@ -175,7 +179,7 @@ void prb::draw() {
     if (!surface.isNull()) {
         QPainter p(&surface);
         p.setFont(font);
-        p.setPen(OleToQColor(d->picBar->ForeColor()));
+        p.setPen(OleToQColor(kPictureForeColor));
         p.drawText(x, 1 + metrics.ascent(), text);
     }
     d->picBar->surfaceChanged();

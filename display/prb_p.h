@@ -4,7 +4,7 @@
 
 namespace vorelle {
 
-class BarPicture;
+class PictureBox;
 class des;
 class Shape;
 
@@ -12,7 +12,7 @@ class Shape;
 class prbPrivate {
 public:
     des* desFontSpeicher = nullptr;
-    BarPicture* picBar = nullptr;
+    PictureBox* picBar = nullptr;
     Shape* shpBlau = nullptr;
     Shape* shpWeiss = nullptr;
 

@@ -11,7 +11,7 @@
 
 #include "display/Cmd.h"
 #include "display/CmdIcons.h"
-#include "display/CmdPicture_p.h"
+#include "display/PictureBox_p.h"
 #include "errors/ScopedLanguage.h"
 #include "formwizard/AccessKeys.h"
 #include "formwizard/DialogStyle.h"
