@@ -264,7 +264,7 @@ TEST(CmdDemoForm, CarriesTheKeysTheManagerHandsOut) {
         handedOut << b->objectName() + u' ' + b->AccessKey_de() + u'/' + b->AccessKey_en();
     }
     EXPECT_EQ(written, handedOut);
-    EXPECT_EQ(written.size(), 37);
+    EXPECT_EQ(written.size(), 38);
 }
 
 TEST_F(CmdTest, ButtonTypeSetsTheCaptionPairOfAFormButtonOnly) {
