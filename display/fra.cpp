@@ -61,7 +61,9 @@ QLabel* makeCaption(QWidget* parent, const char* name, const QString& text, cons
 
 fra::fra(QWidget* parent) : FormControl(parent), d(std::make_unique<fraPrivate>()) {
     d->picGrau = new PictureBox(this, QStringLiteral("picGrau"), d->panelColour, [this] {
-        if (d->picGrau->stale()) {
+        if (d->paintedStyle != CurrentDialogStyle()) {
+            applyStyle();
+        } else if (d->picGrau->stale()) {
             paintPanel();
         }
     });
@@ -342,9 +344,14 @@ void fra::setCaptionBack(const QColor& colour) {
 }
 
 void fra::paint() {
+    applyStyle();
+    update();
+}
+
+// Takes the colours of the dialog style; false when no style is in force.
+bool fra::applyStyle() {
     if (!isStarted()) {
-        update();  // painted once the host has started the frame
-        return;
+        return false;  // painted once the host has started the frame
     }
     QString& style = CurrentDialogStyle();
     if (style.isEmpty()) {
@@ -353,9 +360,9 @@ void fra::paint() {
                               QStringLiteral("Cool and hot"));
         }
     }
+    d->paintedStyle = style;
     if (style.isEmpty()) {
-        update();  // the colours of the properties stay
-        return;
+        return false;  // the colours of the properties stay
     }
     const StyleColours* colours = &kOtherStyle;
     for (const StyleColours& row : kStyles) {
@@ -370,7 +377,7 @@ void fra::paint() {
     d->rounded = true;
     setCaptionBack(d->frameColour);
     paintPanel();
-    update();
+    return true;
 }
 
 void fra::paintPanel() {
@@ -396,6 +403,9 @@ void fra::paintPanel() {
 }
 
 void fra::paintEvent(QPaintEvent*) {
+    if (d->paintedStyle != CurrentDialogStyle()) {
+        applyStyle();  // another style came in force since the last paint
+    }
     QPainter p(this);
     p.fillRect(rect(), d->frameColour);
     if (!d->rounded) {

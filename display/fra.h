@@ -137,6 +137,7 @@ protected:
 
 private:
     void paint();
+    bool applyStyle();
     void paintPanel();
     void setCaptionBack(const QColor& colour);
     std::unique_ptr<fraPrivate> d;

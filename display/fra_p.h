@@ -28,6 +28,7 @@ public:
     // The effect colours of the style, empty for a style without effect.
     QString firstEffect;
     QString secondEffect;
+    QString paintedStyle;  // the dialog style of the last paint
     bool rounded = false;  // whether the corners were rounded by a style's paint
 };
 

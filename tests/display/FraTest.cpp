@@ -124,6 +124,12 @@ TEST_F(FraTest, EachStyleColoursFramePanelAndCaptionsAndRoundsTheCorners) {
         }
         delete frame;
     }
+    // A frame painted under one style takes the next at its next paint.
+    CurrentDialogStyle() = QStringLiteral("Winter");
+    fra* frame = make();
+    CurrentDialogStyle() = QStringLiteral("Business");
+    EXPECT_EQ(shown(frame).pixelColor(5, 0), colourOf("808080"));
+    EXPECT_EQ(shown(frame->innerPanel()).pixelColor(20, 20), colourOf("e0e0e0"));
 }
 
 TEST_F(FraTest, WithoutAStyleTheFormsStoredOneIsReadOnceAndOffAFormBackColorRules) {
