@@ -5,6 +5,7 @@
 #include <QWidget>
 #include <functional>
 
+#include "foundation/Export.h"
 #include "host/platform/DrawingSurface.h"
 
 namespace vorelle {
@@ -15,7 +16,7 @@ namespace vorelle {
 // onto. It takes no mouse or focus of its own. The owner draws lazily: `beforePaint` runs
 // before each paint, where the owner draws again when the picture is stale() or its own
 // state asks for it.
-class PictureBox : public QWidget, public DrawingSurface {
+class VORELLE_EXPORT PictureBox : public QWidget, public DrawingSurface {
     Q_OBJECT
     Q_PROPERTY(bool HasDC READ HasDC STORED false)
     Q_PROPERTY(qint32 hdc READ hdc STORED false)
