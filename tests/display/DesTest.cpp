@@ -14,6 +14,11 @@
 #include "display/PictureBox_p.h"
 #include "display/des.h"
 #include "errors/ScopedLanguage.h"
+#include "formwizard/DialogStyle.h"
+#include "formwizard/FormWizard.h"
+#include "formwizard/HintWindows.h"
+#include "formwizard/ModuleSwitches.h"
+#include "formwizard/MouseTracker.h"
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
 #include "foundation/ServiceSlot.h"
@@ -359,6 +364,86 @@ TEST_F(DesTest, AssistiveToolsReadStaticTextOrALinkNamedInTheCurrentLanguage) {
         EXPECT_EQ(item->text(QAccessible::Name), QStringLiteral("Hilfe im Netz"));
         EXPECT_EQ(item->role(), QAccessible::StaticText);  // no German URL
     }
+}
+
+// --- On a managed form, driven by the form's tick -------------------------------------------
+
+class RecordingExpansions : public HintWindows {
+public:
+    QList<CaptionExpansion> expansions;
+    void toolTipShow(const QString&, Form*, const QString&, const QString&) override {}
+    void toolTipHide() override {}
+    void captionExpandShow(const CaptionExpansion& e) override { expansions << e; }
+    void captionExpandHide() override {}
+};
+
+class DesTrackedTest : public DesTest {
+protected:
+    void SetUp() override {
+        DesTest::SetUp();
+        MouseTrackerReset();
+        MouseEventLocked() = false;
+        wizard = new FormWizard(&form);
+        wizard->setObjectName(QStringLiteral("FormWizard1"));
+        wizard->startNew();
+        geometry.rects[form.hWnd()] = QRect(-10, -30, 420, 340);
+        geometry.rects[wizard->hwnd()] = QRect(0, 270, 400, 30);
+    }
+    void TearDown() override { CurrentDialogStyle().clear(); }
+
+    des* placed(const char* name, const QRect& rect) {
+        auto* control = new des(&form);
+        control->setObjectName(QString::fromLatin1(name));
+        control->startFrom({});
+        control->move(rect.topLeft());
+        control->resizeNow(rect.size());
+        geometry.rects[control->hwnd()] = control->geometry();
+        return control;
+    }
+    void at(int x, int y, int held = 0) {
+        cursor.position = QPoint(x, y);
+        buttons.physical = held;
+        MouseTracker(20, &form);
+    }
+
+    test::Installed<test::FakeMessageBox, MessageBox> boxes;
+    test::Installed<test::FakeCursor, CursorState> cursor;
+    test::Installed<test::FakeMouseButtons, MouseButtons> buttons;
+    test::Installed<test::FakeWindowGeometry, WindowGeometry> geometry;
+    RecordingExpansions hints;
+    ScopedService<HintWindows> scopedHints{hints};
+    FormWizard* wizard = nullptr;
+};
+
+TEST_F(DesTrackedTest, TheTickHoversPressesAndOpensALink) {
+    des* link = placed("desLink", QRect(10, 10, 150, 22));
+    link->setCaption_en(QStringLiteral("Home page"));
+    link->setLinkURL_en(QStringLiteral("https://example.org"));
+    at(20, 20);
+    EXPECT_EQ(form.cursor().shape(), Qt::PointingHandCursor);
+    EXPECT_EQ(link->textColor(), OleToQColor(0xB00000));
+    at(20, 20, 1);
+    EXPECT_EQ(link->textColor(), QColor(Qt::red));
+    at(20, 20, 0);
+    EXPECT_EQ(opener.opened, QStringList{"https://example.org"});
+    at(300, 200);
+    EXPECT_EQ(form.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_EQ(link->textColor(), OleToQColor(des::kLinkColor));
+}
+
+TEST_F(DesTrackedTest, ALongLineExpandsUnderTheCursorButSeveralLinesGiveItRoom) {
+    const QString text = QStringLiteral("A text much longer than its narrow control");
+    des* line = placed("desZeile", QRect(10, 10, 80, 22));
+    line->setCaption_en(text);
+    at(20, 20);
+    ASSERT_EQ(hints.expansions.size(), 1);
+    EXPECT_EQ(hints.expansions[0].text, text);
+
+    des* lines = placed("desZeilen", QRect(10, 60, 80, 200));  // taller than wide
+    lines->setCaption_en(text);
+    ASSERT_TRUE(lines->Multiline());
+    at(20, 100);
+    EXPECT_EQ(hints.expansions.size(), 1);
 }
 
 }  // namespace
