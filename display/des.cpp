@@ -559,23 +559,21 @@ void des::setTextColour(const QColor& colour) {
         p.setColor(group, QPalette::WindowText, colour);
     }
     label->setPalette(p);
+    composeSurface(colour);
 }
 
 void des::redraw() {
     const QColor colour = Enabled() ? OleToQColor(ForeColor()) : kGrey;
-    setTextColour(colour);
     if (size().isEmpty()) {
-        d->surface = QImage();
-        update();
+        setTextColour(colour);
         return;
     }
     const QLabel* label = d->desDescription;
     const QRect text = label->geometry();
-    const qreal ratio = devicePixelRatioF();
-    const bool seeThrough = isSeeThrough();
 
     // The leaders beside a single line, at the text's base line.
-    QList<QLine> leaders;
+    QList<QLine>& leaders = d->leaders;
+    leaders.clear();
     if (d->fillWithPoints && !d->multiline && !label->text().isEmpty()) {
         const int y = text.top() + label->fontMetrics().ascent();
         if (text.left() - kLeaderGap >= kLeaderRoom) {
@@ -585,10 +583,6 @@ void des::redraw() {
             leaders << QLine(text.right() + kLeaderGap, y, width() - 1, y);
         }
     }
-    auto drawLeaders = [&leaders](QPainter& p, const QColor& pen) {
-        p.setPen(QPen(pen, 1, Qt::DotLine));
-        p.drawLines(leaders);
-    };
 
     // The mask: the text and the leaders black on white, where the label shows them.
     QImage& mask = d->picMask->surface();
@@ -603,16 +597,31 @@ void des::redraw() {
             flags |= Qt::TextWordWrap;
         }
         p.drawText(text, flags, label->text());
-        drawLeaders(p, Qt::black);
+        p.setPen(QPen(Qt::black, 1, Qt::DotLine));
+        p.drawLines(leaders);
     }
+    d->picMask->surfaceChanged();
+    setTextColour(colour);
+}
 
-    // The surface: its colour and the grey leaders.
+// The surface in the colour of the text: its colour and the grey leaders, cut along the mask
+// when the control is see-through, so that only the text's shape shows in that colour.
+void des::composeSurface(const QColor& colour) {
+    if (size().isEmpty()) {
+        d->surface = QImage();
+        update();
+        return;
+    }
+    const qreal ratio = devicePixelRatioF();
+    const bool seeThrough = isSeeThrough();
+    const QImage& mask = d->picMask->picture();
     d->surface = QImage((QSizeF(size()) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     d->surface.setDevicePixelRatio(ratio);
     d->surface.fill(seeThrough ? colour : OleToQColor(BackColor()));
     {
         QPainter p(&d->surface);
-        drawLeaders(p, kGrey);
+        p.setPen(QPen(kGrey, 1, Qt::DotLine));
+        p.drawLines(d->leaders);
     }
     if (seeThrough && mask.size() == d->surface.size()) {
         // Cut the surface along the mask: white goes, black stays.
@@ -629,7 +638,6 @@ void des::redraw() {
     } else if (seeThrough) {
         d->surface.fill(Qt::transparent);
     }
-    d->picMask->surfaceChanged();
     update();
 }
 

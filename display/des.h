@@ -250,6 +250,7 @@ private:
     void redraw();
     void applyCursor();
     void setTextColour(const QColor& colour);
+    void composeSurface(const QColor& colour);
     std::unique_ptr<desPrivate> d;
 };
 

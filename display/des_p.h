@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QImage>
+#include <QLine>
+#include <QList>
 #include <QString>
 
 #include "foundation/TextPair.h"
@@ -19,6 +21,8 @@ public:
     // What the surface shows: its colour and the dotted leader, already cut along the mask
     // when the control is see-through.
     QImage surface;
+    // The dotted leaders beside a single line, in pixels.
+    QList<QLine> leaders;
     TextPair caption{QStringLiteral("Beschriftung_nicht_gesetzt"),
                      QStringLiteral("caption_not_set")};
     TextPair linkURL;
