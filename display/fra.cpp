@@ -3,7 +3,9 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPainter>
+#include <mutex>
 
+#include "display/FraAccessible.h"
 #include "display/PictureBox_p.h"
 #include "display/fra_p.h"
 #include "formwizard/DialogStyle.h"
@@ -60,6 +62,8 @@ QLabel* makeCaption(QWidget* parent, const char* name, const QString& text, cons
 }  // namespace
 
 fra::fra(QWidget* parent) : FormControl(parent), d(std::make_unique<fraPrivate>()) {
+    static std::once_flag accessible;
+    std::call_once(accessible, InstallFraAccessibility);
     d->picGrau = new PictureBox(this, QStringLiteral("picGrau"), d->panelColour, [this] {
         if (d->paintedStyle != CurrentDialogStyle()) {
             applyStyle();

@@ -559,8 +559,9 @@ private:
 void describe(UiNode& node, const QWidget& parent) {
     for (QObject* child : parent.children()) {
         auto* w = qobject_cast<QWidget*>(child);
+        // A control's own parts (a frame's panel and captions) are made by the control.
         if (!w || w->isWindow() || w->objectName().isEmpty() ||
-            w->objectName().startsWith(u"qt_")) {
+            w->objectName().startsWith(u"qt_") || ControlBase::isConstituent(w)) {
             continue;
         }
         UiNode& c = node.append(kWidget);

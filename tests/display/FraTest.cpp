@@ -2,6 +2,9 @@
 // captions and languages, persistence, and the group disable of its contained controls.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QDir>
+#include <QFile>
 #include <QImage>
 #include <QLabel>
 
@@ -14,6 +17,7 @@
 #include "foundation/RegStore.h"
 #include "foundation/Zentral.h"
 #include "host/form/Form.h"
+#include "host/form/FormLoader.h"
 #include "host/frame/OleColor.h"
 #include "support/Doubles.h"
 
@@ -193,6 +197,28 @@ TEST_F(FraTest, PropertiesSurviveSaveAndLoadAndEnabledTouchesOnlyTheCaptions) {
     }
     EXPECT_EQ(copy->bottomLabel()->font().pointSize(), 11);  // copied from the title at load
     EXPECT_EQ(copy->titleLabel()->palette().color(QPalette::WindowText), QColor(0xFF, 0xFF, 0));
+}
+
+TEST_F(FraTest, ContainedControlsLoadBackInsideAndAssistiveToolsSeeAGroup) {
+    fra* frame = make();
+    frame->setCaption_en(QStringLiteral("Address"));
+    frame->setCaptionUnten_en(QStringLiteral("Where the invoice goes"));
+    inside(frame, "desStrasse");
+    const QString path = QDir::temp().filePath(QStringLiteral("vorelle-fra-roundtrip.ui"));
+    FormLoader::save(form, path);
+    const std::unique_ptr<Form> loaded = FormLoader::load(path);
+    QFile::remove(path);
+    QObject* frameAgain = loaded->Controls(QStringLiteral("fra1"));
+    ASSERT_NE(frameAgain, nullptr);
+    EXPECT_EQ(loaded->Controls(QStringLiteral("desStrasse"))->parent(), frameAgain);
+
+    QAccessibleInterface* a = QAccessible::queryAccessibleInterface(frame);
+    ASSERT_NE(a, nullptr);
+    EXPECT_EQ(a->role(), QAccessible::Grouping);
+    EXPECT_EQ(a->text(QAccessible::Name), "Address");
+    EXPECT_EQ(a->text(QAccessible::Description), "Where the invoice goes");
+    frame->setEnabledProperty(false);
+    EXPECT_TRUE(a->state().disabled);
 }
 
 TEST_F(FraTest, DisableControlsSwitchesTheGroupOffOnceAndReEnableRestoresEachControl) {
