@@ -74,6 +74,7 @@ protected:
             bag.insert(name, value);
         }
         num->startFrom(bag);
+        num->setWidth(3000);
         QObject::connect(num, &Num::Change, [this] { ++changes; });
         QObject::connect(num, &Num::KeyPress, [this](int& k) { keyPresses.append(k); });
         form.show();
