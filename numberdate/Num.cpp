@@ -7,6 +7,7 @@
 
 #include "foundation/DateText.h"
 #include "foundation/Language.h"
+#include "foundation/Logs.h"
 #include "foundation/RegStore.h"
 #include "foundation/Zentral.h"
 #include "host/form/Form.h"
@@ -61,6 +62,9 @@ constexpr double kBarHitRightLess = 30;
 constexpr qint32 kBarBlue = 0xFF0000;
 constexpr qint32 kBarRed = 255;
 constexpr qint32 kBarGreen = 49152;
+
+// Below this, every whole double is written without an exponent.
+constexpr double kWholeExact = 1e15;
 
 // The spin arrows rest at this value.
 constexpr int kSpinRest = 100;
@@ -254,8 +258,9 @@ void Num::ReadProperties(const PropertyBag& bag) {
     // Alignment is written but never read back.
     readResizing(bag);
 
-    d->min = min;
-    d->max = max;
+    // A limit that is no finite number keeps its default.
+    d->min = std::isfinite(min) ? min : kDefaultMin;
+    d->max = std::isfinite(max) ? max : kDefaultMax;
     d->nachkommastellen = std::clamp(digits, 0, kMaxNachkommastellen);
     d->regSave = regSave;
     d->locked = locked;
@@ -340,7 +345,10 @@ void Num::SetZahl(double value) {
         return;  // an overflow leaves the old text
     }
     const int digits = d->nachkommastellen;
-    double zahl = RoundTo(value, digits, QStringLiteral("-"), false).toDouble();
+    // A whole number has no decimals to cut.
+    double zahl = (value == std::floor(value) && std::fabs(value) < kWholeExact)
+                      ? value
+                      : RoundTo(value, digits, QStringLiteral("-"), false).toDouble();
     const QString decimalSep = LocaleDecimalSep();
     const QString thousandSep = LocaleThousandSep();
     const qint32 caret = d->txtText->SelStart();
@@ -373,7 +381,10 @@ void Num::SetZahl(double value) {
     if (d->txtText->text() != text) {
         d->txtText->setText(text);
     }
-    d->txtText->setSelStart(caret + countOf(text, thousandSep) - separatorsBefore);
+    const qint32 caretNow = caret + countOf(text, thousandSep) - separatorsBefore;
+    if (d->txtText->hasSelectedText() || d->txtText->cursorPosition() != caretNow) {
+        d->txtText->setSelStart(caretNow);
+    }
     applySign();
     d->internalChange = false;
     ChangeSlider();
@@ -430,12 +441,18 @@ void Num::ChangeSlider() {
     if (!std::isfinite(width) || width < 0) {
         width = 0;
     }
+    const QColor shown = OleToQColor(colour);
     QPalette palette = d->picInnen->palette();
-    palette.setColor(QPalette::Window, OleToQColor(colour));
-    d->picInnen->setPalette(palette);
-    d->picInnen->setGeometry(TwipsToPixels(left), TwipsToPixels(kBarTop), TwipsToPixels(width),
-                             TwipsToPixels(kBarHeight));
-    d->picInnen->update();
+    if (!palette.isBrushSet(QPalette::Active, QPalette::Window) ||
+        palette.color(QPalette::Window) != shown) {
+        palette.setColor(QPalette::Window, shown);
+        d->picInnen->setPalette(palette);  // a palette set again is propagated again
+    }
+    const QRect place(TwipsToPixels(left), TwipsToPixels(kBarTop), TwipsToPixels(width),
+                      TwipsToPixels(kBarHeight));
+    if (d->picInnen->geometry() != place) {
+        d->picInnen->setGeometry(place);
+    }
 }
 
 void Num::StepUp(double amount) {
@@ -893,6 +910,10 @@ double Num::Min() const {
 }
 
 void Num::setMin(double value) {
+    if (!std::isfinite(value)) {
+        LogDebug(QStringLiteral("not a finite number, ignored"), QStringLiteral("Num.Min"));
+        return;
+    }
     d->min = value;
     if (d->zahl < value) {
         SetZahl(value);
@@ -906,6 +927,10 @@ double Num::Max() const {
 }
 
 void Num::setMax(double value) {
+    if (!std::isfinite(value)) {
+        LogDebug(QStringLiteral("not a finite number, ignored"), QStringLiteral("Num.Max"));
+        return;
+    }
     d->max = value;
     if (d->zahl > value) {
         SetZahl(value);

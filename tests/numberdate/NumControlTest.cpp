@@ -1,6 +1,7 @@
 #include <QClipboard>
 #include <QScrollBar>
 #include <QWheelEvent>
+#include <limits>
 
 #include "NumFixture.h"
 #include "host/frame/Shape.h"
@@ -81,6 +82,12 @@ TEST_F(NumTest, BadPropertyValuesAreRefusedAsAWhole) {
     Num other(&form);
     EXPECT_THROW(other.startFrom(bad), PropertyError);
     EXPECT_EQ(other.Min(), Num::kDefaultMin);
+    num->setMax(-std::numeric_limits<double>::infinity());
+    num->setMin(std::numeric_limits<double>::quiet_NaN());
+    num->setZahl(std::numeric_limits<double>::infinity());
+    EXPECT_EQ(num->Max(), Num::kDefaultMax);
+    EXPECT_EQ(num->Min(), Num::kDefaultMin);
+    EXPECT_EQ(num->Zahl(), 1);
     num->setNachkommastellen(-3);
     EXPECT_EQ(num->Nachkommastellen(), 0);
     num->setNachkommastellen(99);
