@@ -438,9 +438,15 @@ void Num::ChangeSlider() {
             }
         }
     }
+    // The bar stays on the control, whatever the limits make of it.
     if (!std::isfinite(width) || width < 0) {
         width = 0;
     }
+    if (!std::isfinite(left)) {
+        left = kBarLeft;
+    }
+    left = std::clamp(left, 0.0, std::max(w, 0.0));
+    width = std::min(width, std::max(w - left, 0.0));
     const QColor shown = OleToQColor(colour);
     QPalette palette = d->picInnen->palette();
     if (!palette.isBrushSet(QPalette::Active, QPalette::Window) ||

@@ -2,6 +2,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <limits>
+#include <tuple>
 
 #include "NumFixture.h"
 #include "host/frame/Shape.h"
@@ -136,6 +137,25 @@ TEST_F(NumTest, BarShowsTheValueWithinItsRange) {
     EXPECT_NEAR(b.width, 727.5, 15);
     num->setZahl(0);
     EXPECT_EQ(barOf(num).width, 0);
+}
+
+TEST_F(NumTest, BarStaysOnTheControlWhateverTheLimits) {
+    make();
+    const double huge = 1e300;
+    for (const auto& [min, max, zahl] :
+         {std::tuple{-huge, huge, -huge}, std::tuple{-1e-300, huge, 5.0}, std::tuple{5.0, 1.0, 3.0},
+          std::tuple{-huge, -1e200, -1e250}, std::tuple{0.0, 0.0, 0.0},
+          std::tuple{1e-300, huge, huge}}) {
+        num->setMin(Num::kDefaultMin);
+        num->setMax(max);
+        num->setMin(min);
+        num->setZahl(zahl);
+        const QRect bar = num->bar()->geometry();
+        EXPECT_TRUE(num->rect().contains(bar) || bar.width() == 0) << min << " " << max;
+        EXPECT_GE(bar.width(), 0);
+        const double v = num->valueAtBar(1500);
+        EXPECT_LE(v, max);
+    }
 }
 
 TEST_F(NumTest, BarUnderTheMouseShowsAndTakesItsValue) {
