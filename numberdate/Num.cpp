@@ -276,6 +276,7 @@ void Num::ReadProperties(const PropertyBag& bag) {
     initFont(font);
     initEnabled(enabled);
     SetZahl(zahl);
+    updateAccessibleName();
 }
 
 void Num::AfterReadProperties() {
@@ -401,6 +402,17 @@ void Num::applySign() {
         d->txtText->setPalette(palette);
     }
     d->linMinus->setVisible(negative);
+    // A screen reader reads the text, which has no sign: the description carries it.
+    const QString signedText = negative ? u'-' + d->txtText->text() : d->txtText->text();
+    if (d->txtText->accessibleDescription() != signedText) {
+        d->txtText->setAccessibleDescription(signedText);
+    }
+}
+
+void Num::updateAccessibleName() {
+    const QString& toolTip = IsGerman() ? d->toolTipDe : d->toolTipEn;
+    d->txtText->setAccessibleName(toolTip.isEmpty() || toolTip.startsWith(u'-') ? objectName()
+                                                                                : toolTip);
 }
 
 void Num::ChangeSlider() {
@@ -897,6 +909,7 @@ void Num::applyEnabled(bool on) {
 
 void Num::Refresh() {
     LanguageLoad();
+    updateAccessibleName();
     SetZahl(d->zahl);
     update();
 }
@@ -981,6 +994,7 @@ QString Num::ToolTipText_de() const {
 
 void Num::setToolTipText_de(const QString& text) {
     d->toolTipDe = text;
+    updateAccessibleName();
     PropertyChanged(QStringLiteral("ToolTipText_de"));
 }
 
@@ -990,6 +1004,7 @@ QString Num::ToolTipText_en() const {
 
 void Num::setToolTipText_en(const QString& text) {
     d->toolTipEn = text;
+    updateAccessibleName();
     PropertyChanged(QStringLiteral("ToolTipText_en"));
 }
 

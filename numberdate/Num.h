@@ -246,6 +246,9 @@ private:
     void StepDown(double amount);
     void applySign();
     void restoreToolTips();
+    // The name a screen reader gives the text box: the tooltip of the language, else the
+    // control's name.
+    void updateAccessibleName();
     bool overBar(double x, double y) const;
     QString status2(bool german) const;
 

@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QClipboard>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -282,6 +283,26 @@ TEST_F(NumTest, FocusFrameAndSelectionOnEntering) {
     leave();
     EXPECT_EQ(num->innerFrame()->BorderColor(), kFrameInnerAtRest);
     EXPECT_EQ(num->outerFrame()->BorderColor(), kFrameOuterAtRest);
+}
+
+TEST_F(NumTest, ScreenReadersGetNameValueAndSign) {
+    make({{kDigits, 2},
+          {QStringLiteral("Zahl"), -1234.5},
+          {QStringLiteral("ToolTipText_de"), QStringLiteral("Betrag")},
+          {QStringLiteral("ToolTipText_en"), QStringLiteral("Amount")}});
+    QAccessibleInterface* reader = QAccessible::queryAccessibleInterface(field());
+    ASSERT_NE(reader, nullptr);
+    EXPECT_EQ(reader->role(), QAccessible::EditableText);
+    EXPECT_EQ(reader->text(QAccessible::Name), QStringLiteral("Amount"));
+    EXPECT_EQ(reader->text(QAccessible::Value), QStringLiteral("1.234,50"));
+    EXPECT_EQ(reader->text(QAccessible::Description), QStringLiteral("-1.234,50"));
+    type(QStringLiteral("+"));
+    EXPECT_EQ(reader->text(QAccessible::Description), QStringLiteral("1.234,50"));
+    setLanguage(QStringLiteral("de"));
+    num->Refresh();
+    EXPECT_EQ(reader->text(QAccessible::Name), QStringLiteral("Betrag"));
+    num->setToolTipText_de(QString());
+    EXPECT_EQ(reader->text(QAccessible::Name), QStringLiteral("numWert"));
 }
 
 // --- Store --------------------------------------------------------------------------------------
