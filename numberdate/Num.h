@@ -55,8 +55,6 @@ class VORELLE_EXPORT Num : public FormControl {
     Q_PROPERTY(QString SelText READ SelText WRITE setSelText STORED false)
     Q_PROPERTY(QString Status2_de READ Status2_de STORED false)
     Q_PROPERTY(QString Status2_en READ Status2_en STORED false)
-    Q_PROPERTY(qint32 hdc READ hdc STORED false)
-    Q_PROPERTY(bool HasDC READ HasDC STORED false)
 
 public:
     /// The smallest value of a new control.
