@@ -8,6 +8,7 @@
 #include <QPointer>
 #include <QTimer>
 
+#include "formwizard/AccessKeys.h"
 #include "formwizard/AutoResize.h"
 #include "formwizard/DialogStyle.h"
 #include "formwizard/MenuLeiste.h"
@@ -26,6 +27,7 @@
 #include "host/hooks/Hooks.h"
 #include "host/hooks/SystemMenu.h"
 #include "host/hooks/WindowHandle.h"
+#include "host/input/KeyState.h"
 #include "host/input/WindowGeometry.h"
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
@@ -71,6 +73,7 @@ public:
     FormWizard* q;
     QString accessKeysGivenDe, accessKeysGivenEn, accessKeysGivenToolbarDe,
         accessKeysGivenToolbarEn;
+    QList<AccessKeyRow> accessKeys;
     bool doFading = true;
     bool fadingActive = true;
     bool overrideUserStyle = false;
@@ -197,6 +200,7 @@ void FormWizardPrivate::onLoad() {
     Form* form = parent;
     Screen::setMousePointer(Screen::vbHourglass);
     Hook(form, WMPROC_Form, QStringLiteral("Form"));
+    accessKeys = AccessKeyTableBuild(form);
     RegSaveProgramProps(appTitle);
     CurrentDialogStyle() = RegGetApp(form->Name(), QStringLiteral("DialogStyle"), kDefaultStyle);
     if (!overrideUserStyle) {
@@ -438,7 +442,13 @@ void FormWizardPrivate::layout() {
     if (q->Height() != FormWizard::kStatusHeight) {
         q->setHeight(FormWizard::kStatusHeight);
         if (!q->userMode()) {
+            // The designer's way to hand out the access keys: resize the manager.
+            AccessKeysDistribute(form);
+            MenuKeysRemoveTabStops(form);
             q->Status1(QStringLiteral("Shift bei Resize halten, um TabIndexes neu zu sortieren"));
+            if (KeyState::instance().isDown(16)) {
+                TabIndexesSort(form);
+            }
         }
     }
     // Placed by the fixed name: a manager under another name is not placed.
@@ -763,6 +773,42 @@ void FormWizard::setCaption_de(const QString& caption) {
 QString FormWizard::Caption_en() const {
     return d->captionEn;
 }
+QString FormWizard::AccessKeysGiven_de() const {
+    return d->accessKeysGivenDe;
+}
+
+void FormWizard::setAccessKeysGiven_de(const QString& given) {
+    d->accessKeysGivenDe = given;
+    PropertyChanged(QStringLiteral("AccessKeysGiven_de"));
+}
+
+QString FormWizard::AccessKeysGiven_en() const {
+    return d->accessKeysGivenEn;
+}
+
+void FormWizard::setAccessKeysGiven_en(const QString& given) {
+    d->accessKeysGivenEn = given;
+    PropertyChanged(QStringLiteral("AccessKeysGiven_en"));
+}
+
+QString FormWizard::AccessKeysGivenToolbar_de() const {
+    return d->accessKeysGivenToolbarDe;
+}
+
+void FormWizard::setAccessKeysGivenToolbar_de(const QString& given) {
+    d->accessKeysGivenToolbarDe = given;
+    PropertyChanged(QStringLiteral("AccessKeysGivenToolbar_de"));
+}
+
+QString FormWizard::AccessKeysGivenToolbar_en() const {
+    return d->accessKeysGivenToolbarEn;
+}
+
+void FormWizard::setAccessKeysGivenToolbar_en(const QString& given) {
+    d->accessKeysGivenToolbarEn = given;
+    PropertyChanged(QStringLiteral("AccessKeysGivenToolbar_en"));
+}
+
 void FormWizard::setCaption_en(const QString& caption) {
     d->captionEn = caption;
     PropertyChanged(QStringLiteral("Caption_en"));
@@ -890,7 +936,9 @@ void FormWizard::TimerMouseEvent_Timer() {
     if (WindowGeometry::instance().activeWindow() != HwndOf(form->window())) {
         return;  // only the active window tracks and takes keys
     }
-    // The keyboard part (access keys) runs here, before the mouse.
+    if (!KeyboardPoll(form, d->accessKeys) || !d->parent) {
+        return;
+    }
     MouseTracker(kTickInterval, form);
 }
 

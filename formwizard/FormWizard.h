@@ -42,6 +42,12 @@ class VORELLE_EXPORT FormWizard : public ControlBase, public DrawingSurface {
     Q_PROPERTY(bool doChangeTitle READ doChangeTitle WRITE setDoChangeTitle)
     Q_PROPERTY(QString Caption_de READ Caption_de WRITE setCaption_de)
     Q_PROPERTY(QString Caption_en READ Caption_en WRITE setCaption_en)
+    Q_PROPERTY(QString AccessKeysGiven_de READ AccessKeysGiven_de WRITE setAccessKeysGiven_de)
+    Q_PROPERTY(QString AccessKeysGiven_en READ AccessKeysGiven_en WRITE setAccessKeysGiven_en)
+    Q_PROPERTY(QString AccessKeysGivenToolbar_de READ AccessKeysGivenToolbar_de WRITE
+                   setAccessKeysGivenToolbar_de)
+    Q_PROPERTY(QString AccessKeysGivenToolbar_en READ AccessKeysGivenToolbar_en WRITE
+                   setAccessKeysGivenToolbar_en)
     Q_PROPERTY(QString FormDimensions READ FormDimensions STORED false)
     Q_PROPERTY(qint32 hdc READ hdc STORED false)
     Q_PROPERTY(bool HasDC READ HasDC STORED false)
@@ -100,6 +106,21 @@ public:
     QString Caption_en() const;
     /// Stores the English caption and rebuilds the title at once.
     void setCaption_en(const QString& caption);
+    ///@{
+    /// The letters that the form's plain buttons took for their German and English access
+    /// keys, as one string; written when the keys are handed out.
+    QString AccessKeysGiven_de() const;
+    void setAccessKeysGiven_de(const QString& given);
+    QString AccessKeysGiven_en() const;
+    void setAccessKeysGiven_en(const QString& given);
+    ///@}
+    ///@{
+    /// The characters that the tool and menu buttons took, in German and English.
+    QString AccessKeysGivenToolbar_de() const;
+    void setAccessKeysGivenToolbar_de(const QString& given);
+    QString AccessKeysGivenToolbar_en() const;
+    void setAccessKeysGivenToolbar_en(const QString& given);
+    ///@}
     /// The form's place as "Left|Top|Width|Height" in twips, from the last normal state.
     QString FormDimensions();
     /// The fading that is applied: doFading, unless the dialog style switched it off.

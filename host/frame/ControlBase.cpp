@@ -1,10 +1,11 @@
 #include "host/frame/ControlBase.h"
 
-#include <QSet>
-
 #include <QApplication>
+#include <QHash>
 #include <QMetaClassInfo>
 #include <QResizeEvent>
+#include <QSet>
+#include <algorithm>
 #include <cmath>
 
 #include "foundation/Language.h"
@@ -488,6 +489,43 @@ bool ControlBase::TabStop() const {
 
 void ControlBase::setTabStop(bool on) {
     setFocusPolicy(on ? Qt::StrongFocus : Qt::NoFocus);
+}
+
+namespace {
+
+// The form's controls in the order of the focus chain.
+QList<QWidget*> tabOrderOf(const Form* form) {
+    const QList<QWidget*> controls = form->Controls();
+    QHash<const QWidget*, int> place;
+    int n = 0;
+    for (const QWidget* w = form->nextInFocusChain(); w && w != form; w = w->nextInFocusChain()) {
+        place.insert(w, n++);
+    }
+    QList<QWidget*> order = controls;
+    std::stable_sort(order.begin(), order.end(), [&](const QWidget* a, const QWidget* b) {
+        return place.value(a, n) < place.value(b, n);
+    });
+    return order;
+}
+
+}  // namespace
+
+qint32 ControlBase::TabIndex() const {
+    const Form* form = d->host->Parent();
+    return form ? static_cast<qint32>(tabOrderOf(form).indexOf(this)) : 0;
+}
+
+void ControlBase::setTabIndex(qint32 index) {
+    const Form* form = d->host->Parent();
+    if (!form) {
+        return;
+    }
+    QList<QWidget*> order = tabOrderOf(form);
+    order.removeAll(this);
+    order.insert(std::clamp<qsizetype>(index, 0, order.size()), this);
+    for (qsizetype i = 0; i + 1 < order.size(); ++i) {
+        QWidget::setTabOrder(order[i], order[i + 1]);
+    }
 }
 
 QObject* ControlBase::sibling(const QString& name) const {

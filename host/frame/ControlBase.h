@@ -59,6 +59,7 @@ class VORELLE_EXPORT ControlBase : public QWidget {
     Q_PROPERTY(qint32 Left READ Left WRITE setLeft STORED false)
     Q_PROPERTY(qint32 Top READ Top WRITE setTop STORED false)
     Q_PROPERTY(bool TabStop READ TabStop WRITE setTabStop STORED false)
+    Q_PROPERTY(qint32 TabIndex READ TabIndex WRITE setTabIndex STORED false)
     Q_PROPERTY(bool Visible READ Visible WRITE setVisibleProperty STORED false)
     Q_PROPERTY(QString Name READ Name STORED false)
 
@@ -141,6 +142,10 @@ public:
     bool TabStop() const;
     /// Sets whether Tab reaches the control.
     void setTabStop(bool on);
+    /// The control's place in its form's tab order, counted from 0 over the form's controls.
+    qint32 TabIndex() const;
+    /// Moves the control to that place in its form's tab order; the others keep their order.
+    void setTabIndex(qint32 index);
     /// Whether the control is shown (not hidden by code).
     bool Visible() const { return !isHidden(); }
     /// Shows or hides the control.

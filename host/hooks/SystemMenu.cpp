@@ -32,16 +32,15 @@ namespace {
 
 constexpr char kEntryMark[] = "vorelleWindowCommand";
 
-QAction* addEntry(Form* form, const QString& name, const QString& text, int command,
-                  const QKeySequence& keys) {
+// The keys named in the texts are not shortcuts of the actions: the form manager's timer
+// polls them, so that a key never fires twice.
+QAction* addEntry(Form* form, const QString& name, const QString& text, int command) {
     auto* action = new QAction(text, form);
     action->setObjectName(name);
     action->setProperty(kEntryMark, command);
     if (command == 0) {
         action->setSeparator(true);
     } else {
-        action->setShortcut(keys);
-        action->setShortcutContext(Qt::WindowShortcut);
         QObject::connect(action, &QAction::triggered, form, [form, command]() {
             WindowCommandEvent event(command);
             QCoreApplication::sendEvent(form, &event);
@@ -135,17 +134,17 @@ void SystemMenuRebuild(Form* form) {
     }
     SystemMenuClear(form);
     // The separator's "-" is the flag of the action here; a text would be drawn beside it.
-    addEntry(form, QStringLiteral("sep1"), QString(), 0, {});
+    addEntry(form, QStringLiteral("sep1"), QString(), 0);
     if (HasMultipleMonitors()) {
         addEntry(form, QStringLiteral("nextmonitor"),
                  LangText(QStringLiteral("Auf anderem Monitor darstellen \t(Strg+F11)"),
                           QStringLiteral("Display on other monitor \t(Ctrl+F11)")),
-                 kWindowCommandNextMonitor, QKeySequence(Qt::CTRL | Qt::Key_F11));
+                 kWindowCommandNextMonitor);
     }
     addEntry(form, QStringLiteral("posreset"),
              LangText(QStringLiteral("Fensterpositionen zurücksetzen \t(Strg+F12)"),
                       QStringLiteral("Reset window positions \t(Ctrl+F12)")),
-             kWindowCommandPosReset, QKeySequence(Qt::CTRL | Qt::Key_F12));
+             kWindowCommandPosReset);
     nativeRebuild(form);
     SystemMenuCleared() = false;
 }

@@ -18,8 +18,9 @@ class Form;
 /// The window commands of a managed form. On each activation the form's window menu gets a
 /// separator "sep1", "nextmonitor" (command 12, only with more than one screen) and
 /// "posreset" (command 13), in the current language. Here they are actions of the form:
-/// a menu can show them, Ctrl+F11 and Ctrl+F12 reach them as shortcuts, and triggering one
-/// delivers a WindowCommandEvent to the form, which its window procedure serves.
+/// a menu can show them, and triggering one delivers a WindowCommandEvent to the form, which
+/// its window procedure serves. The keys Ctrl+F11 and Ctrl+F12 named in the texts are no
+/// shortcuts of theirs: the form manager's timer polls them.
 VORELLE_EXPORT void SystemMenuRebuild(Form* form);
 /// Takes the window commands off the form again.
 VORELLE_EXPORT void SystemMenuClear(Form* form);

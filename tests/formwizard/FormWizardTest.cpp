@@ -380,17 +380,6 @@ TEST_F(FormWizardTest, WhileTheDialogMenuIsOpenTheFormIsNotReportedAsDeactivated
     form.close();
 }
 
-TEST_F(FormWizardTest, WithOneScreenCtrlF11LeavesTheFormWhereItIs) {
-    ASSERT_EQ(QGuiApplication::screens().size(), 1);
-    form.wizard = addWizard(&form);
-    showActive(form);
-    form.move(120, 90);
-    const QPoint before = form.frameGeometry().topLeft();
-    QTest::keyClick(&form, Qt::Key_F11, Qt::ControlModifier);
-    EXPECT_EQ(form.frameGeometry().topLeft(), before);
-    form.close();
-}
-
 TEST_F(FormWizardTest, CoolAndHotPaintsTheFormsDiagonalAndTheStatusGradient) {
     form.resize(200, 200);
     form.wizard = addWizard(&form);

@@ -10,8 +10,8 @@
 #include "foundation/LateBinding.h"
 #include "foundation/RegStore.h"
 #include "host/frame/ControlRegistry.h"
-#include "host/frame/Registration.h"
 #include "host/frame/RecordingControl.h"
+#include "host/frame/Registration.h"
 #include "support/Doubles.h"
 #include "support/QtPrinters.h"
 
@@ -137,6 +137,22 @@ TEST_F(ControlFrameTest, ControlsThatNeverTakeTheFocusSwitchTabStopOffInTheDesig
     placed->setTabStop(true);
     placed->startNew();
     EXPECT_FALSE(placed->TabStop());
+}
+
+TEST_F(ControlFrameTest, TabIndexMovesOneControlInTheFormsTabOrder) {
+    QList<RecordingControl*> c;
+    for (const char* name : {"recA", "recB", "recC", "recD"}) {
+        c << addControl(QString::fromLatin1(name));
+        c.last()->setTabStop(true);
+    }
+    EXPECT_EQ(c[2]->TabIndex(), 2);
+    c[3]->setTabIndex(0);
+    c[0]->setTabIndex(99);  // past the end: last
+    EXPECT_EQ(c[3]->TabIndex(), 0);
+    EXPECT_EQ(c[1]->TabIndex(), 1);
+    EXPECT_EQ(c[2]->TabIndex(), 2);
+    EXPECT_EQ(c[0]->TabIndex(), 3);
+    EXPECT_EQ(c[3]->nextInFocusChain(), c[1]) << "Tab follows the numbers";
 }
 
 TEST_F(ControlFrameTest, CaptionSetUnderEnglishLeavesGermanAndReportsEnglish) {
