@@ -379,12 +379,11 @@ void Num::SetZahl(double value) {
             text += QString(digits - have, u'0');
         }
     }
+    // An unchanged text keeps its caret and selection: a minus typed on a selected 0
+    // leaves the 0 selected for the digit that follows.
     if (d->txtText->text() != text) {
         d->txtText->setText(text);
-    }
-    const qint32 caretNow = caret + countOf(text, thousandSep) - separatorsBefore;
-    if (d->txtText->hasSelectedText() || d->txtText->cursorPosition() != caretNow) {
-        d->txtText->setSelStart(caretNow);
+        d->txtText->setSelStart(caret + countOf(text, thousandSep) - separatorsBefore);
     }
     applySign();
     d->internalChange = false;
