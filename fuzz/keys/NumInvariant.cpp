@@ -1,9 +1,11 @@
 #include "keys/NumInvariant.h"
 
+#include <QApplication>
 #include <cmath>
 
 #include "foundation/DateText.h"
 #include "foundation/Zentral.h"
+#include "host/frame/ControlBase.h"
 #include "host/input/EntryField.h"
 #include "numberdate/Num.h"
 
@@ -41,8 +43,14 @@ QString NumInvariant::after(const Step& step) {
     if (zahl > num_->Max()) {
         return QStringLiteral("Zahl %1 is above Max %2").arg(zahl).arg(num_->Max());
     }
+    // Another entry control may hold the focus by its own check on leaving (a Txt whose
+    // text breaks its count rules takes it back, too): then the last one to take it keeps
+    // it. Where the focus went to a plain widget, the field must have kept it.
+    const QWidget* now = QApplication::focusWidget();
+    const QWidget* owner = now ? now->parentWidget() : nullptr;
+    const bool heldElsewhere = owner && owner != num_ && qobject_cast<const ControlBase*>(owner);
     const bool left = focusedBefore_ && !num_->field()->hasFocus() && num_->Enabled() &&
-                      (step.kind == Step::Focus || step.kind == Step::Key);
+                      !heldElsewhere && (step.kind == Step::Focus || step.kind == Step::Key);
     if (left && (zahl < num_->Min() || zahl > num_->Max())) {
         return QStringLiteral("the focus left with Zahl %1 outside %2..%3")
             .arg(zahl)

@@ -15,7 +15,7 @@ namespace vorelle::fuzz {
 //   reads back as Zahl (the minus line giving the sign), to the last kept decimal;
 // - Zahl is never above Max;
 // - when the focus leaves an enabled field, Zahl lies within Min and Max, or the focus
-//   stays in the field.
+//   stays in the field (unless another entry control took it back by its own check).
 class NumInvariant : public EntryInvariant {
 public:
     explicit NumInvariant(Num* num) : num_(num) {}
