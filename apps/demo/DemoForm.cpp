@@ -6,6 +6,7 @@
 #include <QRadioButton>
 
 #include "DemoTexts.h"
+#include "ProgressDemo.h"
 #include "formwizard/DialogStyle.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
@@ -104,7 +105,9 @@ void DemoForm::fillList() {
 void DemoForm::openForm(const QString& path) {
     try {
         std::unique_ptr<Form> form = FormLoader::load(path);
+        ConnectProgressSliders(form.get());
         ApplyFormTexts(form.get());
+        ReportButtonClicks(form.get());
         form->setAttribute(Qt::WA_DeleteOnClose);
         form.release()->show();
     } catch (const UiFileError& e) {

@@ -3,12 +3,14 @@
 #include <QFileInfo>
 #include <QWidget>
 
+#include "display/Cmd.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/RegStore.h"
 #include "host/form/Form.h"
 #include "host/form/UiDocument.h"
 #include "host/frame/ControlBase.h"
+#include "host/platform/StatusText.h"
 
 namespace vorelle::demo {
 
@@ -40,6 +42,19 @@ void ApplyFormTexts(QWidget* root) {
     applyTo(root);
     for (QWidget* w : root->findChildren<QWidget*>()) {
         applyTo(w);
+    }
+}
+
+void ReportButtonClicks(Form* form) {
+    for (Cmd* button : form->findChildren<Cmd*>()) {
+        QObject::connect(button, &Cmd::Click, form, [form, button] {
+            const QString de =
+                button->Caption_de().isEmpty() ? button->ToolTipText_de() : button->Caption_de();
+            const QString en =
+                button->Caption_en().isEmpty() ? button->ToolTipText_en() : button->Caption_en();
+            FormStatusText(form, QStringLiteral("Geklickt: ") + de,
+                           QStringLiteral("Clicked: ") + en);
+        });
     }
 }
 

@@ -4,6 +4,10 @@
 
 class QWidget;
 
+namespace vorelle {
+class Form;
+}
+
 namespace vorelle::demo {
 
 // The texts of plain widgets on the demo's forms come in pairs of dynamic properties
@@ -11,6 +15,9 @@ namespace vorelle::demo {
 // "title", "Caption_de"/"Caption_en" on the form give its caption. Puts the text of the
 // current language on every widget of `root` (root included).
 void ApplyFormTexts(QWidget* root);
+
+// Puts a line on the status line of `form` for each click of one of its command buttons.
+void ReportButtonClicks(Form* form);
 
 // Stores the language ("de" or "en") under Vorelle\Config\Sprache, reads it back, and
 // refreshes every loaded form: each control's Refresh and the forms' own texts.

@@ -4,10 +4,12 @@
 //                                 both languages to DIR/<form>_<style>_de.png and
 //                                 DIR/<form>_<style>_en.png, on a settings store in memory
 //                                 (the user's settings stay untouched); a form with
-//                                 doResizing also larger, to DIR/<form>_gross_<language>.png;
-//                                 a form with demoLocales on a German machine's number
-//                                 format and, in the first style, also on a US machine's,
-//                                 to DIR/<form>_localeUS_<language>.png
+//                                 doResizing also larger, to DIR/<form>_gross_<language>.png,
+//                                 the progress form at 0%, 50% and 100%, to
+//                                 DIR/progress_<percent>_<language>.png, and a form with
+//                                 demoLocales on a German machine's number format and, in
+//                                 the first style, also on a US machine's, to
+//                                 DIR/<form>_localeUS_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -18,6 +20,7 @@
 #include "DemoForm.h"
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
+#include "ProgressDemo.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -55,6 +58,7 @@ std::unique_ptr<Form> openForm(const QString& path, const QStringList& forms) {
         return start;
     }
     std::unique_ptr<Form> form = FormLoader::load(path);
+    demo::ConnectProgressSliders(form.get());
     demo::ApplyFormTexts(form.get());
     return form;
 }
@@ -171,6 +175,39 @@ int dialogMenuShot(Form& form, const QString& dir, const QString& language) {
     return 0;
 }
 
+// The button form as the user sees it, then with buttons under the cursor and pressed (as
+// the form's mouse tracking would call them), to DIR/knoepfe_<language>.png,
+// DIR/knoepfe_hover_<language>.png and DIR/knoepfe_pressed_<language>.png.
+int buttonShots(Form& form, const QString& dir, const QString& language) {
+    LateCall(form.Controls(QStringLiteral("FormWizard1")), "SetDialogStyle",
+             {QStringLiteral("Cool and hot")});
+    const QList<QObject*> shown{form.Controls(QStringLiteral("cmdOK")),
+                                form.Controls(QStringLiteral("cmdToolHome")),
+                                form.Controls(QStringLiteral("cmdMenuDokument"))};
+    int failures = 0;
+    auto save = [&](const QString& name) {
+        QApplication::processEvents();
+        const QString file = QDir(dir).filePath(name + language + QStringLiteral(".png"));
+        if (!form.grab().save(file)) {
+            std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+            ++failures;
+        }
+    };
+    save(QStringLiteral("knoepfe_"));
+    for (QObject* button : shown) {
+        LateCall(button, "MouseOver", {0});
+    }
+    save(QStringLiteral("knoepfe_hover_"));
+    for (QObject* button : shown.mid(0, 2)) {  // a menu button clicks at the press instead
+        LateCall(button, "MouseDown", {1, 0.0, 0.0});
+    }
+    save(QStringLiteral("knoepfe_pressed_"));
+    for (QObject* button : shown) {
+        LateCall(button, "MouseOut", {0});
+    }
+    return failures;
+}
+
 int screenshots(const QString& dir) {
     MemoryRegistry store;
     RegistryBackend* previous = RegistryBackend::setInstance(&store);
@@ -231,9 +268,15 @@ int screenshots(const QString& dir) {
                 }
                 Locale::setInstance(machine);
             }
+            if (base == u"frmKnoepfe") {
+                failures += buttonShots(*form, dir, language);
+            }
             if (base == u"frmDemo") {
                 failures += hintShots(*form, dir, language);
                 failures += dialogMenuShot(*form, dir, language);
+            }
+            if (base == u"frmFortschritt") {
+                failures += demo::ProgressShots(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.

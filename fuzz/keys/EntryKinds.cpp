@@ -1,8 +1,10 @@
 #include "keys/EntryKind.h"
 
+#include "display/Cmd.h"
 #include "host/form/Form.h"
 #include "host/frame/PropertyBag.h"
 #include "host/input/EntryField.h"
+#include "keys/CmdInvariant.h"
 #include "keys/NumInvariant.h"
 #include "keys/TxtInvariant.h"
 #include "numberdate/Num.h"
@@ -78,10 +80,42 @@ EntryKind numKind() {
     return kind;
 }
 
+// The command button takes Return, Space and, as a menu button, Down; its Enabled may
+// change between the press and the release of a key.
+EntryKind cmdKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("Cmd");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* button = new Cmd(&form);
+        button->setObjectName(QStringLiteral("cmdFuzz"));
+        button->startFrom(PropertyBag());
+        button->resizeNow(QSize(120, 26));
+        return button;
+    };
+    kind.keyTarget = [](QWidget* control) { return control; };
+    kind.properties = {QStringLiteral("Enabled"),      QStringLiteral("IsMenuButton"),
+                       QStringLiteral("IsToolButton"), QStringLiteral("Caption"),
+                       QStringLiteral("AccessKey_en"), QStringLiteral("PictureAlignHor")};
+    kind.reset = [](QWidget* control) {
+        auto* button = static_cast<Cmd*>(control);
+        button->setEnabledProperty(true);
+        button->setIsMenuButton(false);
+        button->setIsToolButton(false);
+        button->setCaption(QStringLiteral("Speichern"));
+        button->setAccessKey_en(QStringLiteral("Alt+S"));
+        button->setPictureAlignHor(0);
+        button->MouseOut(0);
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<CmdInvariant>(static_cast<Cmd*>(control));
+    };
+    return kind;
+}
+
 }  // namespace
 
 const QList<EntryKind>& EntryKinds() {
-    static const QList<EntryKind> kinds = {txtKind(), numKind()};
+    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind()};
     return kinds;
 }
 

@@ -100,7 +100,12 @@ void SystemInputInjector::mouseEvent(int flags) {
             continue;
         }
         if (f.down) {
-            SystemMouseButtons::notePress(f.button);
+            // Through the server the press comes back as an event; in-process it is one.
+            if (server) {
+                SystemMouseButtons::noteSentPress(f.button);
+            } else {
+                SystemMouseButtons::notePress(f.button);
+            }
         }
         if (server) {
             // X numbers the physical buttons 1 left, 2 middle, 3 right.

@@ -39,7 +39,7 @@ void notePhysicalPress(Qt::MouseButton button) {
     if (physical != 4 && physical != 0 && MouseButtons::instance().swapped()) {
         physical = 3 - physical;
     }
-    SystemMouseButtons::notePress(physical);
+    SystemMouseButtons::notePressEvent(physical);
 }
 
 // The key state follows the application from its start, so that keys pressed before the
@@ -154,13 +154,14 @@ bool SystemKeyState::eventFilter(QObject* watched, QEvent* event) {
             const auto* mouse = static_cast<QMouseEvent*>(event);
             followModifiers(mouse->modifiers());
             // A press in the application counts for the next read of the buttons, however
-            // short it was (the window alone: the event passes each widget on its way).
-            // The X server's state is read as it is: a press sent through it is noted by
-            // the sender, and its event would count it twice.
-            if (event->type() == QEvent::MouseButtonPress && watched->isWindowType() &&
-                !xserver::available()) {
+            // short it was (the window alone: the event passes each widget on its way). A
+            // press the application sent itself was counted when it was sent. Windows keeps
+            // such presses in its own key state.
+#ifndef _WIN32
+            if (event->type() == QEvent::MouseButtonPress && watched->isWindowType()) {
                 notePhysicalPress(mouse->button());
             }
+#endif
             setDown(virtualKeyOfButton(mouse->button()),
                     event->type() != QEvent::MouseButtonRelease);
             break;

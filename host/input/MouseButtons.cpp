@@ -1,5 +1,8 @@
 #include "host/input/MouseButtons.h"
 
+#include <QElapsedTimer>
+
+#include <array>
 #include <utility>
 
 #include "foundation/ServiceSlot.h"
@@ -16,6 +19,23 @@ namespace {
 int& pressedSinceRead() {
     static int buttons = 0;
     return buttons;
+}
+
+// Presses sent by the application whose events have not come back yet, by button bit. A
+// press sent onto another application's window brings no event: after a second the
+// application stops waiting for it.
+struct SentPresses {
+    std::array<int, 3> pending{};
+    std::array<QElapsedTimer, 3> since;
+};
+
+SentPresses& sentPresses() {
+    static SentPresses sent;
+    return sent;
+}
+
+int slotOf(int button) {
+    return button == 1 ? 0 : (button == 2 ? 1 : (button == 4 ? 2 : -1));
 }
 
 int heldNow() {
@@ -44,6 +64,31 @@ int SystemMouseButtons::pressed() const {
 
 void SystemMouseButtons::notePress(int button) {
     pressedSinceRead() |= button & 7;
+}
+
+void SystemMouseButtons::noteSentPress(int button) {
+    const int slot = slotOf(button);
+    if (slot >= 0) {
+        SentPresses& sent = sentPresses();
+        ++sent.pending[static_cast<std::size_t>(slot)];
+        sent.since[static_cast<std::size_t>(slot)].start();
+        notePress(button);
+    }
+}
+
+void SystemMouseButtons::notePressEvent(int button) {
+    const int slot = slotOf(button);
+    if (slot < 0) {
+        return;
+    }
+    SentPresses& sent = sentPresses();
+    int& pending = sent.pending[static_cast<std::size_t>(slot)];
+    if (pending > 0 && sent.since[static_cast<std::size_t>(slot)].elapsed() < 1000) {
+        --pending;  // its press was counted when it was sent
+        return;
+    }
+    pending = 0;
+    notePress(button);
 }
 
 bool SystemMouseButtons::swapped() const {

@@ -33,6 +33,12 @@ public:
 
     /// Notes that a physical button (1, 2 or 4) went down, for the next read of pressed().
     static void notePress(int button);
+    /// Notes a press that the application sends itself (1, 2 or 4): counted at once, and
+    /// the press event that it brings later is not counted again.
+    static void noteSentPress(int button);
+    /// Notes a press event that reached the application: counted unless it is the event of
+    /// a press noted by noteSentPress.
+    static void notePressEvent(int button);
 };
 
 }  // namespace vorelle

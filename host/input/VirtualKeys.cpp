@@ -86,7 +86,14 @@ int VirtualKeyFromEvent(const QKeyEvent* event) {
     if (vk == 0) {
         // Letters of other layouts (ä, ß, ...) carry their key in the native code where
         // the platform gives one; otherwise the upper-case character stands in.
-        const quint32 native = event->nativeVirtualKey();
+        quint32 native = event->nativeVirtualKey();
+#ifndef _WIN32
+        // X11 gives the key symbol: a small Latin-1 letter stands for its capital, as the
+        // letters A to Z do, so that a key text "Alt+Ö" finds its key.
+        if (native >= 0xE0 && native <= 0xFE && native != 0xF7) {
+            native -= 0x20;
+        }
+#endif
         if (native > 0 && native < 256) {
             vk = static_cast<int>(native);
         }

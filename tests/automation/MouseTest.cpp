@@ -48,6 +48,16 @@ TEST_F(MouseTest, APressShorterThanATickStillCountsOnceAsTheAsyncKeyStateHasIt) 
     keys.down.clear();
     EXPECT_EQ(mouse.Button(), 1);
     EXPECT_EQ(mouse.Button(), 0);
+
+    // A press sent through the server counts when sent; its event coming back later does not
+    // count again, while the user's own press event does.
+    SystemMouseButtons::noteSentPress(1);
+    EXPECT_EQ(mouse.Button(), 1);
+    EXPECT_EQ(mouse.Button(), 0);
+    SystemMouseButtons::notePressEvent(1);
+    EXPECT_EQ(mouse.Button(), 0);
+    SystemMouseButtons::notePressEvent(1);
+    EXPECT_EQ(mouse.Button(), 1);
 }
 
 TEST_F(MouseTest, PositionsAreTwipsAndDivideIntegrally) {

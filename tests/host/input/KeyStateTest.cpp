@@ -65,6 +65,19 @@ TEST_F(SystemKeyStateTest, ModifiersOfAnyKeyEventCount) {
     EXPECT_FALSE(state.isDown(VK_A + 1));
 }
 
+#ifndef _WIN32
+TEST_F(SystemKeyStateTest, ALetterOfAnotherLayoutIsKnownByItsCapital) {
+    // X11 passes the key symbol of ö; the key counts as Ö (214), as a key text names it.
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_Odiaeresis, Qt::AltModifier, 0, 0xf6, 0,
+                    QStringLiteral("ö"));
+    QCoreApplication::sendEvent(&field, &press);
+    EXPECT_TRUE(state.isDown(214));
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Odiaeresis, Qt::NoModifier, 0, 0xf6, 0);
+    QCoreApplication::sendEvent(&field, &release);
+    EXPECT_FALSE(state.isDown(214));
+}
+#endif
+
 struct ButtonCase {
     Qt::MouseButton button;
     int virtualKey;
