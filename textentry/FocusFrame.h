@@ -21,4 +21,8 @@ inline constexpr qint32 kFrameOuterFocused = 0x00F0F0;
 /// Gives the two shapes the colours of focus or rest.
 VORELLE_EXPORT void SetFocusFrame(Shape* inner, Shape* outer, bool focused);
 
+/// Places the two shapes with the given width and height in twips: the outer one at the
+/// control's corner, the inner one a pixel further in.
+VORELLE_EXPORT void PlaceFocusFrame(Shape* inner, Shape* outer, qint32 width, qint32 height);
+
 }  // namespace vorelle

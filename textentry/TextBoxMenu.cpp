@@ -2,7 +2,10 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QWidget>
+
+#include "host/input/EntryField.h"
 
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
@@ -70,6 +73,31 @@ bool TextBoxMenuAct(const QString& id, QWidget* field) {
         return false;
     }
     return true;
+}
+
+QString TextBoxMenuRun(QWidget* control, EntryField* field, QObject* wizard, const QString& id,
+                       const QString& titleDe, const QString& titleEn) {
+    TextBoxMenuState state;
+    state.textEmpty = field->text().isEmpty();
+    state.selLength = field->SelLength();
+    state.locked = field->Locked();
+    state.clipboardHasText = !QGuiApplication::clipboard()->text().isEmpty();
+    TextBoxMenuBuild(id, titleDe, titleEn, state);
+    if (!wizard) {
+        return {};  // the menu goes through the form's manager; without one it does not open
+    }
+    control->setUpdatesEnabled(false);
+    // The menu runs a modal loop: its handlers may delete the control.
+    const QPointer<QWidget> self(control);
+    const QPointer<EntryField> target(field);
+    const QString chosen = MenuShow(wizard);
+    UnlockWindowUpdate();
+    if (!self || !target) {
+        return {};
+    }
+    control->setUpdatesEnabled(true);
+    TextBoxMenuAct(chosen, target);
+    return chosen;
 }
 
 }  // namespace vorelle

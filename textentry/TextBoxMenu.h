@@ -4,9 +4,12 @@
 
 #include "foundation/Export.h"
 
+class QObject;
 class QWidget;
 
 namespace vorelle {
+
+class EntryField;
 
 /// What greys the entries of a text field's right-click menu.
 struct TextBoxMenuState {
@@ -29,5 +32,12 @@ VORELLE_EXPORT void TextBoxMenuBuild(const QString& id, const QString& titleDe,
 /// and the shortcut is posted, without waiting; the status line tells what happened.
 /// False for an id that is not one of the standard entries.
 VORELLE_EXPORT bool TextBoxMenuAct(const QString& id, QWidget* field);
+
+/// The whole right-click menu of a text field: builds it from the field's state, shows it
+/// through the form's manager `wizard` (nothing opens without one) while `control` does not
+/// paint, and carries out the chosen entry. Returns the chosen id, "" when none.
+VORELLE_EXPORT QString TextBoxMenuRun(QWidget* control, EntryField* field, QObject* wizard,
+                                      const QString& id, const QString& titleDe,
+                                      const QString& titleEn);
 
 }  // namespace vorelle

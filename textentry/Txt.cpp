@@ -345,10 +345,7 @@ void Txt::Resize() {
                                d->picDropdownMouseOver, d->picDropdown}) {
         pic->setGeometry(symbolLeft, symbolTop, SymbolPicture::kSize, SymbolPicture::kSize);
     }
-    // The outer frame at the control's corner, the inner one a pixel further in.
-    d->shpBlau->setTwipsGeometry(0, 0, Width() - kTwipsPerPixel, Height() - kTwipsPerPixel);
-    d->shpWeiss->setTwipsGeometry(kTwipsPerPixel, kTwipsPerPixel, Width() - kTwipsPerPixel,
-                                  Height() - kTwipsPerPixel);
+    PlaceFocusFrame(d->shpWeiss, d->shpBlau, Width() - kTwipsPerPixel, Height() - kTwipsPerPixel);
     ChangeSymbol();
 }
 
@@ -562,28 +559,10 @@ void Txt::showHover(SymbolPicture* rest, SymbolPicture* hover) {
 }
 
 void Txt::showContextMenu() {
-    TextBoxMenuState state;
-    state.textEmpty = d->txtText->text().isEmpty();
-    state.selLength = d->txtText->SelLength();
-    state.locked = d->txtText->Locked();
-    state.clipboardHasText = !QGuiApplication::clipboard()->text().isEmpty();
-    TextBoxMenuBuild(QStringLiteral("textbox"), QStringLiteral("Textfeld"),
-                     QStringLiteral("Text field"), state);
     QObject* wizard =
         d->parentForm ? d->parentForm->Controls(QStringLiteral("FormWizard1")) : nullptr;
-    if (!wizard) {
-        return;  // the menu goes through the form's manager; without one it does not open
-    }
-    setUpdatesEnabled(false);
-    // The menu runs a modal loop: its handlers may delete this control.
-    const QPointer<Txt> self(this);
-    const QString chosen = MenuShow(wizard);
-    UnlockWindowUpdate();
-    if (!self) {
-        return;
-    }
-    setUpdatesEnabled(true);
-    TextBoxMenuAct(chosen, d->txtText);
+    TextBoxMenuRun(this, d->txtText, wizard, QStringLiteral("textbox"), QStringLiteral("Textfeld"),
+                   QStringLiteral("Text field"));
 }
 
 // --- Symbols and frame -------------------------------------------------------------------------

@@ -4,9 +4,12 @@
 //                                 both languages to DIR/<form>_<style>_de.png and
 //                                 DIR/<form>_<style>_en.png, on a settings store in memory
 //                                 (the user's settings stay untouched); a form with
-//                                 doResizing also larger, to DIR/<form>_gross_<language>.png
-//                                 and the progress form at 0%, 50% and 100%, to
-//                                 DIR/progress_<percent>_<language>.png
+//                                 doResizing also larger, to DIR/<form>_gross_<language>.png,
+//                                 the progress form at 0%, 50% and 100%, to
+//                                 DIR/progress_<percent>_<language>.png, and a form with
+//                                 demoLocales on a German machine's number format and, in
+//                                 the first style, also on a US machine's, to
+//                                 DIR/<form>_localeUS_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -23,9 +26,11 @@
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
 #include "foundation/LibraryInfo.h"
+#include "foundation/Locale.h"
 #include "foundation/MemoryRegistry.h"
 #include "foundation/RegStore.h"
 #include "host/form/FormLoader.h"
+#include "host/frame/ControlBase.h"
 
 using namespace vorelle;
 
@@ -68,6 +73,16 @@ void focusForShot(Form& form) {
         control->setFocus();
         QApplication::processEvents();
     }
+}
+
+// The controls of a form show their values anew, after a change of the locale.
+void refreshControls(Form& form) {
+    for (QWidget* control : form.Controls()) {
+        if (qobject_cast<ControlBase*>(control)) {
+            LateCall(control, "Refresh");
+        }
+    }
+    QApplication::processEvents();
 }
 
 // "Quick and simple" gives "QuickAndSimple".
@@ -202,6 +217,8 @@ int screenshots(const QString& dir) {
         return 1;
     }
     int failures = 0;
+    SystemLocale german(QLocale(QLocale::German, QLocale::Germany));
+    SystemLocale unitedStates(QLocale(QLocale::English, QLocale::UnitedStates));
     const QStringList forms = demoForms();
     for (const QString& path : forms) {
         const QString base = QFileInfo(path).completeBaseName();
@@ -217,8 +234,16 @@ int screenshots(const QString& dir) {
                 ++failures;
                 break;
             }
+            // A form that shows numbers in the machine's format names it with the dynamic
+            // property "demoLocales": it is shot on a German machine, and once more below
+            // on a US machine.
+            const bool locales = form->property("demoLocales").toBool();
+            Locale* machine = locales ? Locale::setInstance(&german) : nullptr;
             form->show();
             focusForShot(*form);
+            if (locales) {
+                refreshControls(*form);
+            }
             for (const QString& style : demo::DemoForm::dialogStyles()) {
                 LateCall(form->Controls(QStringLiteral("FormWizard1")), "SetDialogStyle", {style});
                 QApplication::processEvents();
@@ -228,6 +253,20 @@ int screenshots(const QString& dir) {
                     std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
                     ++failures;
                 }
+            }
+            if (locales) {
+                Locale::setInstance(&unitedStates);
+                refreshControls(*form);
+                LateCall(form->Controls(QStringLiteral("FormWizard1")), "SetDialogStyle",
+                         {demo::DemoForm::dialogStyles().constFirst()});
+                QApplication::processEvents();
+                const QString file = QDir(dir).filePath(base + QStringLiteral("_localeUS_") +
+                                                        language + QStringLiteral(".png"));
+                if (!form->grab().save(file)) {
+                    std::fprintf(stderr, "vorelle-demo: cannot write %s\n", qPrintable(file));
+                    ++failures;
+                }
+                Locale::setInstance(machine);
             }
             if (base == u"frmKnoepfe") {
                 failures += buttonShots(*form, dir, language);

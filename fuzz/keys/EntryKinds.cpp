@@ -5,7 +5,9 @@
 #include "host/frame/PropertyBag.h"
 #include "host/input/EntryField.h"
 #include "keys/CmdInvariant.h"
+#include "keys/NumInvariant.h"
 #include "keys/TxtInvariant.h"
+#include "numberdate/Num.h"
 #include "textentry/Txt.h"
 
 namespace vorelle::fuzz {
@@ -47,6 +49,37 @@ EntryKind txtKind() {
     return kind;
 }
 
+EntryKind numKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("Num");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* num = new Num(&form);
+        num->setObjectName(QStringLiteral("numFuzz"));
+        num->startFrom(PropertyBag());
+        return num;
+    };
+    kind.keyTarget = [](QWidget* control) -> QWidget* {
+        return static_cast<Num*>(control)->field();
+    };
+    kind.properties = {QStringLiteral("Zahl"),    QStringLiteral("Min"),
+                       QStringLiteral("Max"),     QStringLiteral("Nachkommastellen"),
+                       QStringLiteral("Locked"),  QStringLiteral("Enabled"),
+                       QStringLiteral("SelStart")};
+    kind.reset = [](QWidget* control) {
+        auto* num = static_cast<Num*>(control);
+        num->setEnabledProperty(true);
+        num->setLocked(false);
+        num->setMin(Num::kDefaultMin);
+        num->setMax(Num::kDefaultMax);
+        num->setNachkommastellen(0);
+        num->setZahl(Num::kDefaultZahl);
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<NumInvariant>(static_cast<Num*>(control));
+    };
+    return kind;
+}
+
 // The command button takes Return, Space and, as a menu button, Down; its Enabled may
 // change between the press and the release of a key.
 EntryKind cmdKind() {
@@ -82,7 +115,7 @@ EntryKind cmdKind() {
 }  // namespace
 
 const QList<EntryKind>& EntryKinds() {
-    static const QList<EntryKind> kinds = {txtKind(), cmdKind()};
+    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind()};
     return kinds;
 }
 
