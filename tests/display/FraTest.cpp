@@ -212,6 +212,16 @@ TEST_F(FraTest, ContainedControlsLoadBackInsideAndAssistiveToolsSeeAGroup) {
     ASSERT_NE(frameAgain, nullptr);
     EXPECT_EQ(loaded->Controls(QStringLiteral("desStrasse"))->parent(), frameAgain);
 
+    // A designer's file keeps its frames' controls inside when saved again.
+    const std::unique_ptr<Form> designed = FormLoader::load(
+        QStringLiteral(VORELLE_SOURCE_DIR "/apps/demo/forms/frmGruppe.ui"), {.designMode = true});
+    FormLoader::save(*designed, path);
+    const std::unique_ptr<Form> again = FormLoader::load(path, {.designMode = true});
+    QFile::remove(path);
+    EXPECT_EQ(again->Controls(QStringLiteral("desWert3"))->parent(),
+              again->Controls(QStringLiteral("fraAnschrift")));
+    EXPECT_EQ(again->Controls().size(), designed->Controls().size());
+
     QAccessibleInterface* a = QAccessible::queryAccessibleInterface(frame);
     ASSERT_NE(a, nullptr);
     EXPECT_EQ(a->role(), QAccessible::Grouping);
