@@ -28,6 +28,7 @@
 #include "host/hooks/SystemMenu.h"
 #include "host/hooks/WindowHandle.h"
 #include "host/input/KeyState.h"
+#include "host/input/VirtualKeys.h"
 #include "host/input/WindowGeometry.h"
 #include "host/platform/Environment.h"
 #include "host/platform/MenuBuilder.h"
@@ -446,7 +447,7 @@ void FormWizardPrivate::layout() {
             AccessKeysDistribute(form);
             MenuKeysRemoveTabStops(form);
             q->Status1(QStringLiteral("Shift bei Resize halten, um TabIndexes neu zu sortieren"));
-            if (KeyState::instance().isDown(16)) {
+            if (KeyState::instance().isDown(VK_SHIFT)) {
                 TabIndexesSort(form);
             }
         }
