@@ -69,8 +69,6 @@ constexpr double kWholeExact = 1e15;
 // The spin arrows rest at this value.
 constexpr int kSpinRest = 100;
 
-// The pointer over the bar (the host's up arrow).
-constexpr int kPointerOverBar = 10;
 
 QString str(const PropertyBag& bag, const char* name, const QString& def = QString()) {
     return bag.ReadProperty(QString::fromLatin1(name), def).toString();
