@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QOperatingSystemVersion>
+#include <QSet>
 #include <QSysInfo>
 
 #include <algorithm>
@@ -501,9 +502,14 @@ QString PslSort(const QString& List, bool DropEmpty) {
 }
 
 QString PslUnique(const QString& List) {
+    const QStringList all = items(List);
     QStringList kept;
-    for (const QString& item : items(List)) {
-        if (!item.isEmpty() && !kept.contains(item)) {
+    kept.reserve(all.size());
+    QSet<QStringView> seen;
+    seen.reserve(all.size());
+    for (const QString& item : all) {
+        if (!item.isEmpty() && !seen.contains(QStringView(item))) {
+            seen.insert(QStringView(item));
             kept.append(item);
         }
     }

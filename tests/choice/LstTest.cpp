@@ -1,0 +1,393 @@
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+#include <random>
+
+#include "choice/ChoiceFixture.h"
+#include "choice/Lst.h"
+#include "display/des.h"
+#include "display/fra.h"
+#include "errors/ScopedLanguage.h"
+#include "foundation/RegStore.h"
+#include "foundation/Zentral.h"
+#include "host/platform/MessageBox.h"
+#include "support/FakePopupMenu.h"
+#include "support/QtPrinters.h"
+
+namespace vorelle {
+namespace {
+
+class LstTest : public test::ChoiceFixture {
+protected:
+    // A list of 200 by 150 pixels at (10, 10) with the entries given in both languages.
+    Lst* list(const QString& entries = {}, bool multi = false, int style = 0) {
+        PropertyBag bag;
+        bag.WriteProperty("Style", style, 0);
+        bag.WriteProperty("AllowMultiSelect", multi, false);
+        bag.WriteProperty("List_de", entries, QString());
+        bag.WriteProperty("List_en", entries, QString());
+        auto* l = place<Lst>("lstAuswahl", {10, 10}, bag);
+        l->resizeNow({200, 150});
+        track(l);
+        return l;
+    }
+    // A form pixel on the text of a row.
+    static QPoint rowAt(Lst* l, int row) {
+        QListWidget* w = l->activeList();
+        const QRect r = w->visualItemRect(w->item(row));
+        return l->pos() + w->viewport()->mapTo(l, QPoint(r.left() + 20, r.center().y()));
+    }
+    // Records the list's events in order, with their numbers.
+    QStringList& record(Lst* l) {
+        auto& events = log_;
+        QObject::connect(l, &Lst::SelectionAdded,
+                         [&events](int n) { events << QString("Added%1").arg(n); });
+        QObject::connect(l, &Lst::SelectionDeleted,
+                         [&events](int n) { events << QString("Deleted%1").arg(n); });
+        QObject::connect(l, &Lst::SelectionChange, [&events] { events << "SelectionChange"; });
+        QObject::connect(l, qOverload<int, int, float, float>(&Lst::MouseDown),
+                         [&events] { events << "MouseDown"; });
+        QObject::connect(l, qOverload<int, int, float, float>(&Lst::MouseUp),
+                         [&events] { events << "MouseUp"; });
+        QObject::connect(l, &Lst::Click, [&events] { events << "Click"; });
+        return events;
+    }
+    static void key(Lst* l, Qt::Key k, Qt::KeyboardModifiers mods = {}) {
+        QTest::keyClick(l->activeList(), k, mods);
+    }
+
+    test::Installed<test::FakePopupMenu, PopupMenu> menu;
+    QStringList log_;
+};
+
+TEST_F(LstTest, AddItemFillsBothListsAndRaisesChangeTwiceEvenForADouble) {
+    Lst* l = list();
+    QSignalSpy changes(l, &Lst::Change);
+    l->AddItem("Apfel");
+    EXPECT_EQ(l->List_de(), "Apfel");
+    EXPECT_EQ(l->List_en(), "Apfel");
+    EXPECT_EQ(changes.count(), 2);
+    l->AddItem("Birne", "Pear");
+    l->AddItem("Apfel");
+    EXPECT_EQ(l->List_de(), "Apfel|Birne") << "no double without AllowDoubles";
+    EXPECT_EQ(l->List_en(), "Apfel|Pear");
+    EXPECT_EQ(l->ListCount(), 2);
+    EXPECT_EQ(changes.count(), 6);
+    l->AddItem("");
+    l->AddItem("x", "");
+    EXPECT_EQ(changes.count(), 6) << "an empty text does nothing";
+
+    l->setAllowDoubles(true);
+    l->AddItem("Apfel");
+    EXPECT_EQ(l->ListCount(), 3);
+    l->AddItem("Kirsche", "Cherry", 1);
+    EXPECT_EQ(l->List_en(), "Cherry|Apfel|Pear|Apfel");
+    EXPECT_EQ(l->activeList()->item(0)->text(), "Cherry");
+
+    l->setSorted(true);
+    EXPECT_EQ(l->List_en(), "Apfel|Apfel|Cherry|Pear");
+    EXPECT_EQ(l->List_de(), "Kirsche|Apfel|Birne|Apfel") << "the other list is not sorted";
+    l->Clear();
+    EXPECT_EQ(l->ListCount(), 0);
+    EXPECT_EQ(l->List_de(), "");
+}
+
+TEST_F(LstTest, RemoveItemAsksLeavesTheOtherLanguageAndKeepsTheSelectionInStep) {
+    test::ScopedLanguage german("de");
+    Lst* l = list("a|b|c|d");
+    l->setSelected("3");
+    boxes.answers << vbNo;
+    EXPECT_FALSE(l->RemoveItem(2, false, true));
+    ASSERT_EQ(boxes.shown.size(), 1);
+    EXPECT_EQ(boxes.shown[0].text, "Möchten Sie den Eintrag 'b' entfernen?");
+    EXPECT_EQ(l->ListCount(), 4);
+
+    boxes.answers << vbYes;
+    EXPECT_TRUE(l->RemoveItem(2, false, true));
+    EXPECT_EQ(l->List_de(), "a|c|d");
+    EXPECT_EQ(l->List_en(), "a|b|c|d") << "the other language keeps the entry";
+    EXPECT_EQ(l->Selected(), "2") << "c moved up and stays selected";
+    EXPECT_EQ(l->SelectedEntrys_de(), "c");
+
+    EXPECT_TRUE(l->RemoveItem(3, true));
+    EXPECT_EQ(l->Selected(), "2") << "the next entry, here the last, is marked";
+    EXPECT_TRUE(l->RemoveItemByEntry("c"));
+    EXPECT_EQ(l->Selected(), "");
+    EXPECT_FALSE(l->RemoveItemByEntry("zz"));
+
+    Lst empty;
+    empty.startNew();
+    EXPECT_FALSE(empty.RemoveItem());
+
+    // Multiple selection: the marked entries go, after the question about them.
+    Lst* many = place<Lst>("lstViele", {10, 200}, [] {
+        PropertyBag b;
+        b.WriteProperty("AllowMultiSelect", true, false);
+        b.WriteProperty("List_de", "1|2|3|4|5", QString());
+        return b;
+    }());
+    many->setSelected("2|4");
+    boxes.answers << vbYes;
+    EXPECT_TRUE(many->RemoveItem(-1, false, true));
+    EXPECT_EQ(boxes.shown.last().text, "Möchten Sie die markierten Einträge entfernen?");
+    EXPECT_EQ(many->List_de(), "1|3|5");
+    EXPECT_EQ(many->Selected(), "");
+}
+
+TEST_F(LstTest, ClickInSingleSelectionRaisesTheEventsInOrder) {
+    Lst* l = list("eins|zwei|drei");
+    QStringList& events = record(l);
+    at(rowAt(l, 1));
+    at(rowAt(l, 1), 1);
+    EXPECT_EQ(events, QStringList({"Added2", "SelectionChange", "Deleted2", "MouseDown"}));
+    at(rowAt(l, 1), 0);
+    EXPECT_EQ(events.mid(4), QStringList({"MouseUp", "Click"}));
+    EXPECT_EQ(l->Selected(), "2");
+    EXPECT_TRUE(l->rowMarked(1));
+    click(rowAt(l, 2));
+    EXPECT_EQ(l->Selected(), "3");
+    EXPECT_FALSE(l->rowMarked(1));
+    EXPECT_EQ(l->Text(), "drei");
+
+    // Space selects the current row; Ctrl+A selects nothing in single selection.
+    l->setListIndex(0);
+    key(l, Qt::Key_Space);
+    EXPECT_EQ(l->Selected(), "1");
+    key(l, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(l->Selected(), "1");
+    EXPECT_EQ(l->SelCount(), 1);
+}
+
+TEST_F(LstTest, MultipleSelectionTogglesByPlainClickAndADragPaintsARange) {
+    Lst* l = list("a|b|c|d|e", true);
+    QStringList& events = record(l);
+    click(rowAt(l, 0));
+    EXPECT_EQ(events.mid(0, 3), QStringList({"Added1", "SelectionChange", "MouseDown"}));
+    click(rowAt(l, 2));
+    EXPECT_EQ(l->Selected(), "1|3");
+    click(rowAt(l, 0));
+    EXPECT_EQ(l->Selected(), "3");
+    EXPECT_TRUE(events.contains("Deleted1"));
+
+    at(rowAt(l, 1), 1);
+    at(rowAt(l, 1) + QPoint(0, 2), 1);  // the same row is handled once
+    at(rowAt(l, 2), 1);
+    at(rowAt(l, 3), 1);
+    at(rowAt(l, 3), 0);
+    EXPECT_EQ(l->Selected(), "2|4") << "the drag flipped b, c and d";
+
+    // Keys: Ctrl+A, Ctrl+Insert, Ctrl+Delete, Space.
+    key(l, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(l->Selected(), "1|2|3|4|5");
+    key(l, Qt::Key_Insert, Qt::ControlModifier);
+    EXPECT_EQ(l->Selected(), "");
+    l->setSelected("2");
+    key(l, Qt::Key_Insert, Qt::ControlModifier);
+    EXPECT_EQ(l->Selected(), "1|3|4|5");
+    key(l, Qt::Key_Delete, Qt::ControlModifier);
+    EXPECT_EQ(l->Selected(), "");
+    EXPECT_EQ(l->SelCount(), 0);
+    l->setListIndex(4);
+    key(l, Qt::Key_Space);
+    EXPECT_EQ(l->Selected(), "5");
+    key(l, Qt::Key_Space);
+    EXPECT_EQ(l->Selected(), "");
+}
+
+TEST_F(LstTest, CheckBoxStyleMarksByClickAndSpace) {
+    Lst* l = list("x|y|z", true, 1);
+    EXPECT_EQ(l->activeList()->objectName(), "lstList1");
+    QStringList& events = record(l);
+    click(rowAt(l, 1));
+    EXPECT_EQ(l->Selected(), "2");
+    EXPECT_TRUE(l->rowMarked(1));
+    EXPECT_EQ(events.mid(0, 2), QStringList({"Added2", "SelectionChange"}));
+    click(rowAt(l, 1));
+    EXPECT_EQ(l->Selected(), "");
+    EXPECT_TRUE(events.contains("Deleted2"));
+    l->setListIndex(2);
+    key(l, Qt::Key_Space);
+    EXPECT_EQ(l->SelectedEntrys(), "z");
+    l->SelectAll();
+    EXPECT_EQ(l->SelCount(), 3);
+    l->ClearSelection();
+    EXPECT_EQ(l->SelCount(), 0);
+}
+
+TEST_F(LstTest, LockedListKeepsItsSelectionButStillCopies) {
+    Lst* l = list("eins|zwei|drei", true);
+    l->setSelected("1|3");
+    l->setLocked(true);
+    click(rowAt(l, 1));
+    key(l, Qt::Key_Space);
+    key(l, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(l->Selected(), "1|3");
+    QApplication::clipboard()->clear();
+    key(l, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "eins\r\ndrei\r\n");
+    key(l, Qt::Key_E, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "eins\r\nzwei\r\ndrei\r\n");
+    EXPECT_EQ(wizard->GetStatus1().toString(), "All entrys copied to clipboard.");
+}
+
+TEST_F(LstTest, RightClickMenuOffersTheSelectionEntriesOnlyInMultipleSelection) {
+    Lst* single = list("a|b");
+    click(rowAt(single, 0), 2);
+    ASSERT_EQ(menu.shown.size(), 1);
+    EXPECT_EQ(menu.flagsOf("copyall"), 0);
+    EXPECT_EQ(menu.flagsOf("sep1"), 2048);
+    for (const char* id : {"selall", "selnone", "selrev"}) {
+        EXPECT_EQ(menu.flagsOf(id), 1) << id;
+    }
+    menu.choose = "selall";
+    click(rowAt(single, 0), 2);
+    EXPECT_EQ(single->Selected(), "") << "not offered, not done";
+
+    single->setAllowMultiSelect(true);
+    click(rowAt(single, 0), 2);
+    EXPECT_EQ(menu.flagsOf("selrev"), 2);
+    EXPECT_EQ(single->Selected(), "1|2");
+    menu.choose = "copysel";
+    click(rowAt(single, 0), 2);
+    EXPECT_EQ(QApplication::clipboard()->text(), "a\r\nb\r\n");
+}
+
+TEST_F(LstTest, CountGoesIntoAFrameOrADescription) {
+    auto* frame = place<fra>("fraListe", {250, 10});
+    auto* label = place<des>("desAnzahl", {250, 100});
+    Lst* l = list();
+    l->setUpdateListcountIn("fraListe");
+    l->UpdateListCount();
+    EXPECT_EQ(frame->CaptionUnten_de(), "(Liste leer)");
+    EXPECT_EQ(frame->CaptionUnten_en(), "(empty list)");
+    l->AddItem("a");
+    EXPECT_EQ(frame->CaptionUnten_de(), "(1 Listeneintrag)");
+    EXPECT_EQ(frame->CaptionUnten_en(), "(1 list entrty)");
+    l->setUpdateListcountIn("desAnzahl");
+    l->AddItem("b");
+    EXPECT_EQ(label->Caption_de(), "(2 Listeneinträge)");
+    EXPECT_EQ(label->Caption_en(), "(2 list entrys)");
+    l->setUpdateListcountIn("gibtEsNicht");
+    l->AddItem("c");  // an unknown name is ignored
+    l->setUpdateListcountIn("lstAuswahl");
+    l->AddItem("d");  // so is a control of another kind
+    EXPECT_EQ(label->Caption_en(), "(2 list entrys)");
+}
+
+TEST_F(LstTest, EntriesSelectionAndScrollPositionSurviveTheStore) {
+    Lst* l = list("a|b|c");
+    l->setAllowMultiSelect(true);
+    l->setSelected("1|3");
+    l->setListIndex(2);
+    l->RegSaving();
+    const QString app = l->ModuleAppName();
+    EXPECT_EQ(RegGet(app, "frmWahl", "lstAuswahl.Selected", ""), "1|3");
+    EXPECT_EQ(RegGet(app, "frmWahl", "lstAuswahl.ListIndex", ""), "3");
+    RegSet(app, "frmWahl", "lstAuswahl.List_en", "x|y|z|w");
+    RegSet(app, "frmWahl", "lstAuswahl.List_de", "eins");
+    RegSet(app, "frmWahl", "lstAuswahl.Selected", "4|9|zz");
+
+    l->setRegSave(true);
+    form.runLoad();
+    EXPECT_EQ(l->List_en(), "x|y|z|w");
+    EXPECT_EQ(l->List_de(), "a|b|c") << "the other language keeps its design list";
+    EXPECT_EQ(l->Selected(), "4") << "numbers beyond the list or no numbers are dropped";
+    EXPECT_EQ(l->ListIndex(), 2);
+
+    const PropertyBag bag = l->save();
+    EXPECT_EQ(bag.ReadProperty("List_en", "").toString(), "x|y|z|w");
+    EXPECT_EQ(bag.ReadProperty("Selected", "").toString(), "4");
+}
+
+TEST_F(LstTest, HoverShowsEntriesWiderThanTheList) {
+    Lst* l = list("kurz|" + QString(80, 'W'));
+    at(rowAt(l, 0));
+    EXPECT_TRUE(hints.expansions.isEmpty());
+    at(rowAt(l, 1));
+    ASSERT_EQ(hints.expansions.size(), 1);
+    EXPECT_EQ(hints.expansions[0].text, QString(80, 'W'));
+    EXPECT_EQ(hints.expansions[0].backColor, "");
+    at(rowAt(l, 0));
+    l->setSelected("2");
+    at(rowAt(l, 1));
+    ASSERT_EQ(hints.expansions.size(), 2);
+    EXPECT_EQ(hints.expansions[1].backColor, "316AC5") << "a selected row";
+}
+
+TEST_F(LstTest, AccessibleAsAListOfRows) {
+    Lst* l = list("rot|grün|blau", true);
+    l->setSelected("2");
+    QAccessibleInterface* a11y = QAccessible::queryAccessibleInterface(l);
+    ASSERT_NE(a11y, nullptr);
+    EXPECT_EQ(a11y->role(), QAccessible::List);
+    EXPECT_TRUE(a11y->state().multiSelectable);
+    ASSERT_EQ(a11y->childCount(), 3);
+    EXPECT_EQ(a11y->child(1)->text(QAccessible::Name), "grün");
+    EXPECT_TRUE(a11y->child(1)->state().selected);
+    EXPECT_FALSE(a11y->child(0)->state().selected);
+    EXPECT_EQ(a11y->text(QAccessible::Value), "grün");
+    EXPECT_EQ(a11y->text(QAccessible::Description),
+              "Listbox (simple, unsorted). Right click opens special functions.");
+}
+
+// Random adds, removals, selections and language switches: the selection names only
+// entries that exist, and the widget shows the list of the language.
+TEST_F(LstTest, SelectionNamesOnlyExistingEntriesUnderRandomUse) {
+    for (const bool multi : {false, true}) {
+        Lst* l = list({}, multi);
+        std::mt19937 random(multi ? 4711 : 1234);
+        auto pick = [&random](int n) {
+            return static_cast<int>(random() % static_cast<unsigned>(n));
+        };
+        for (int step = 0; step < 2500; ++step) {
+            switch (pick(7)) {
+                case 0:
+                case 1:
+                    l->AddItem(QString("de%1").arg(pick(40)), QString("en%1").arg(pick(40)),
+                               pick(3) == 0 ? pick(l->ListCount() + 2) : -1, pick(2) == 0,
+                               pick(2) == 0);
+                    break;
+                case 2:
+                    l->RemoveItem(pick(l->ListCount() + 1) - (pick(4) == 0 ? 1 : 0), pick(2) == 0);
+                    break;
+                case 3:
+                    l->AddSelection(pick(l->ListCount() + 2));
+                    break;
+                case 4:
+                    if (l->ListCount() > 0) {
+                        click(rowAt(l, std::min(pick(l->ListCount()), 6)));
+                    }
+                    break;
+                case 5:
+                    RegSetApp("Config", "Sprache", pick(2) == 0 ? "de" : "en");
+                    l->Refresh();
+                    break;
+                default:
+                    l->setSelected(QString("%1|%2").arg(pick(5)).arg(pick(5)));
+                    break;
+            }
+            const int rows = l->ListCount();
+            ASSERT_EQ(rows, PslCount(l->List())) << "step " << step;
+            ASSERT_EQ(rows, l->activeList()->count());
+            if (!l->Selected().isEmpty()) {
+                for (const QString& n : l->Selected().split('|')) {
+                    ASSERT_GE(n.toInt(), 1)
+                        << "step " << step << " " << l->Selected().toStdString();
+                    ASSERT_LE(n.toInt(), rows) << "step " << step;
+                }
+            }
+            if (!multi) {
+                ASSERT_LE(PslCount(l->Selected()), 1) << "step " << step;
+            }
+        }
+        delete l;
+        RegSetApp("Config", "Sprache", "en");
+        LanguageLoad();
+    }
+}
+
+}  // namespace
+}  // namespace vorelle
