@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QOperatingSystemVersion>
-#include <QSet>
 #include <QSysInfo>
 
 #include <algorithm>
@@ -16,6 +15,7 @@
 #include <cstdio>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #ifdef Q_OS_WIN
 #ifndef NOMINMAX
@@ -501,19 +501,52 @@ QString PslSort(const QString& List, bool DropEmpty) {
     return result;
 }
 
+// Each item once: the items seen so far sit in an open-addressed table of their positions,
+// found by an FNV-1a hash of their characters. A list without doubles or empty items comes
+// back as it is.
 QString PslUnique(const QString& List) {
-    const QStringList all = items(List);
-    QStringList kept;
-    kept.reserve(all.size());
-    QSet<QStringView> seen;
-    seen.reserve(all.size());
-    for (const QString& item : all) {
-        if (!item.isEmpty() && !seen.contains(QStringView(item))) {
-            seen.insert(QStringView(item));
-            kept.append(item);
+    const QList<QStringView> all = QStringView(List).split(u'|');
+    std::size_t size = 16;
+    while (size < static_cast<std::size_t>(all.size()) * 2) {
+        size <<= 1;
+    }
+    std::vector<qint32> table(size, -1);
+    std::vector<bool> dropped(static_cast<std::size_t>(all.size()), false);
+    bool changed = false;
+    for (qint32 i = 0; i < static_cast<qint32>(all.size()); ++i) {
+        const QStringView item = all.at(i);
+        if (item.isEmpty()) {
+            dropped[i] = changed = true;
+            continue;
+        }
+        quint32 hash = 2166136261u;
+        for (const QChar c : item) {
+            hash = (hash ^ c.unicode()) * 16777619u;
+        }
+        std::size_t at = hash & (size - 1);
+        while (table[at] >= 0 && all.at(table[at]) != item) {
+            at = (at + 1) & (size - 1);
+        }
+        if (table[at] >= 0) {
+            dropped[i] = changed = true;
+        } else {
+            table[at] = i;
         }
     }
-    return kept.join(u'|');
+    if (!changed) {
+        return List;
+    }
+    QString kept;
+    kept.reserve(List.size());
+    for (qsizetype i = 0; i < all.size(); ++i) {
+        if (!dropped[static_cast<std::size_t>(i)]) {
+            if (!kept.isEmpty()) {
+                kept += u'|';
+            }
+            kept += all.at(i);
+        }
+    }
+    return kept;
 }
 
 // --- Strings and numbers ----------------------------------------------------------------
