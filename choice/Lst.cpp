@@ -234,7 +234,7 @@ void Lst::ReadProperties(const PropertyBag& bag) {
     setTopIndex(topIndex);
     initEnabled(enabled);
     d->lastRowHandled = -1;
-    if (Form* form = parentForm(); form && userMode() && !d->loadConnected) {
+    if (Form* form = parentForm(); form && !d->loadConnected) {
         connect(form, &Form::Load, this, &Lst::onParentLoad);
         d->loadConnected = true;
     }
@@ -268,9 +268,13 @@ void Lst::WriteProperties(PropertyBag& bag) const {
     writeResizing(bag);
 }
 
+// The form's controls are all there now: the count reaches its label, and with RegSave the
+// last entries and selection come back.
 void Lst::onParentLoad() {
-    if (d->regSave && userMode()) {
+    if (d->regSave && userMode() && Enabled() && !d->locked) {
         RegLoading();
+    } else {
+        UpdateListCount();
     }
 }
 

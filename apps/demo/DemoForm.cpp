@@ -7,6 +7,7 @@
 
 #include "DemoTexts.h"
 #include "ProgressDemo.h"
+#include "choice/frmSprachwahl.h"
 #include "formwizard/DialogStyle.h"
 #include "foundation/Language.h"
 #include "foundation/LateBinding.h"
@@ -45,6 +46,18 @@ void DemoForm::Form_Load2() {
                 }
             });
         }
+    }
+    if (auto* choose = findChild<QPushButton*>(QStringLiteral("cmdSprachwahl"))) {
+        connect(choose, &QPushButton::clicked, this, [this] {
+            auto* choice = new frmSprachwahl;
+            choice->setAttribute(Qt::WA_DeleteOnClose);
+            // The plain widgets of the demo's forms follow the language the form wrote.
+            connect(choice, &QObject::destroyed, this, [this] {
+                SwitchLanguage(CurrentLanguage());
+                LanguageChanged();
+            });
+            choice->show();
+        });
     }
     if (auto* styles = findChild<QComboBox*>(QStringLiteral("cboStil"))) {
         styles->clear();

@@ -9,7 +9,10 @@
 //                                 DIR/progress_<percent>_<language>.png, and a form with
 //                                 demoLocales on a German machine's number format and, in
 //                                 the first style, also on a US machine's, to
-//                                 DIR/<form>_localeUS_<language>.png
+//                                 DIR/<form>_localeUS_<language>.png; the choice form
+//                                 with the mouse over its controls, to
+//                                 DIR/auswahl_hover_<language>.png, and the language
+//                                 choice form, to DIR/sprachwahl_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -17,6 +20,7 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "ChoiceDemo.h"
 #include "DemoForm.h"
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
@@ -277,6 +281,9 @@ int screenshots(const QString& dir) {
             }
             if (base == u"frmFortschritt") {
                 failures += demo::ProgressShots(*form, dir, language);
+            }
+            if (base == u"frmAuswahl") {
+                failures += demo::ChoiceShots(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.
