@@ -910,7 +910,11 @@ void Lst::ChangeList() {
     QListWidget* w = d->active;
     w->clear();
     if (!list.isEmpty()) {
-        w->addItems(TokenSplit(list, kPipe));
+        QStringList rows = TokenSplit(list, kPipe);
+        if (rows.size() > 1 && rows.constLast().isEmpty()) {
+            rows.removeLast();  // a trailing pipe ends the list, it adds no entry
+        }
+        w->addItems(rows);
         if (d->style != 0) {
             for (int row = 0; row < w->count(); ++row) {
                 QListWidgetItem* item = w->item(row);

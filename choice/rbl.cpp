@@ -146,6 +146,10 @@ void rbl::Resize() {
     if (d->inResize || !isStarted()) {
         return;
     }
+    // The marks stay within the options of the list shown.
+    const int count = static_cast<int>(options().size());
+    d->keyboardMark = std::min(d->keyboardMark, count);
+    d->mouseMark = std::min(d->mouseMark, count);
     d->inResize = true;
     qint32 w = Width();
     qint32 h = Height();
@@ -283,7 +287,7 @@ int rbl::Value() const {
 }
 
 void rbl::setValue(int value) {
-    const int count = PslCount(CaptionList());
+    const int count = static_cast<int>(options().size());
     if (value > count) {
         Beep();
         value = count;
@@ -384,7 +388,11 @@ int rbl::mouseMark() const {
 
 QStringList rbl::options() const {
     const QString list = CaptionList();
-    return list.isEmpty() ? QStringList() : list.split(u'|');
+    QStringList texts = list.isEmpty() ? QStringList() : list.split(u'|');
+    if (texts.size() > 1 && texts.constLast().isEmpty()) {
+        texts.removeLast();  // a trailing pipe ends the list, it adds no option
+    }
+    return texts;
 }
 
 QList<qint32> rbl::positions() const {
