@@ -19,7 +19,6 @@
 #include "foundation/Zentral.h"
 #include "host/form/Form.h"
 #include "host/frame/ControlRegistry.h"
-#include "host/frame/OleColor.h"
 #include "host/frame/Shape.h"
 #include "host/input/VirtualKeys.h"
 #include "host/platform/MenuBuilder.h"
@@ -572,7 +571,11 @@ qint32 Lst::TopIndex() const {
 }
 
 void Lst::setTopIndex(qint32 index) {
-    d->active->verticalScrollBar()->setValue(index);
+    QScrollBar* bar = d->active->verticalScrollBar();
+    if (index > bar->maximum()) {
+        d->active->doItemsLayout();  // a list not shown yet has not measured its rows
+    }
+    bar->setValue(index);
 }
 
 bool Lst::Sorted() const {
@@ -1294,7 +1297,7 @@ void Lst::MouseMove(int Button, float X, float Y) {
         }
     }
     if (Button == 0) {
-        hover(row, Button);
+        hover(row);
     }
     if (Button == 1 && d->previousButton == 0) {
         emit MouseDown(Button, 0, X, Y);
@@ -1310,7 +1313,7 @@ void Lst::MouseMove(int Button, float X, float Y) {
 void Lst::MouseUp(int, float, float) {}
 
 // The whole entry beside a row that is wider than the list.
-void Lst::hover(int row, int) {
+void Lst::hover(int row) {
     QListWidgetItem* item = d->active->item(row);
     if (!item || d->popupShown) {
         return;

@@ -310,14 +310,13 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    friend class LstPrivate;
     void storeList(bool german, const QString& list);
     void collectMarks();
     void toggleRow(int number);
     void showMenu();
     void handleKeyDown(QKeyEvent* event);
     bool handleKeyPress(QKeyEvent* event);
-    void hover(int row, int button);
+    void hover(int row);
     void onParentLoad();
     void onScroll();
     void statusText(const QString& de, const QString& en);

@@ -297,6 +297,26 @@ TEST_F(LstTest, EntriesSelectionAndScrollPositionSurviveTheStore) {
     EXPECT_EQ(l->Selected(), "4") << "numbers beyond the list or no numbers are dropped";
     EXPECT_EQ(l->ListIndex(), 2);
 
+    // The first row shown is kept as well, and comes back when the list takes the focus.
+    Lst* longList = place<Lst>("lstLang", {10, 200});
+    longList->resizeNow({200, 60});
+    QStringList many;
+    for (int i = 1; i <= 40; ++i) {
+        many << QString::number(i);
+    }
+    longList->setRegSave(true);
+    longList->setList_en(many.join('|'));
+    longList->setTopIndex(12);
+    longList->RegSaving();
+    EXPECT_EQ(RegGet(app, "frmWahl", "lstLang.TopIndex", ""), "12");
+    longList->setTopIndex(0);
+    form.show();
+    QApplication::setActiveWindow(&form);
+    longList->setFocus();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(longList->TopIndex(), 12);
+    form.hide();
+
     const PropertyBag bag = l->save();
     EXPECT_EQ(bag.ReadProperty("List_en", "").toString(), "x|y|z|w");
     EXPECT_EQ(bag.ReadProperty("Selected", "").toString(), "4");
