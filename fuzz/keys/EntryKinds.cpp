@@ -1,11 +1,19 @@
 #include "keys/EntryKind.h"
 
+#include <QListWidget>
+
+#include "choice/Lst.h"
+#include "choice/chb.h"
+#include "choice/rbl.h"
 #include "display/Cmd.h"
 #include "host/form/Form.h"
 #include "host/frame/PropertyBag.h"
 #include "host/input/EntryField.h"
+#include "keys/ChbInvariant.h"
 #include "keys/CmdInvariant.h"
+#include "keys/LstInvariant.h"
 #include "keys/NumInvariant.h"
+#include "keys/RblInvariant.h"
 #include "keys/TxtInvariant.h"
 #include "numberdate/Num.h"
 #include "textentry/Txt.h"
@@ -112,10 +120,107 @@ EntryKind cmdKind() {
     return kind;
 }
 
+// The check box takes Space and Return, and clicks on a form without a manager.
+EntryKind chbKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("chb");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* box = new chb(&form);
+        box->setObjectName(QStringLiteral("chbFuzz"));
+        box->startFrom(PropertyBag());
+        return box;
+    };
+    kind.keyTarget = [](QWidget* control) { return control; };
+    kind.properties = {QStringLiteral("Value"), QStringLiteral("Enabled"),
+                       QStringLiteral("Caption"), QStringLiteral("Caption_de")};
+    kind.reset = [](QWidget* control) {
+        auto* box = static_cast<chb*>(control);
+        box->setEnabledProperty(true);
+        box->setCaption(QStringLiteral("Merken"));
+        box->setValue(false);
+        box->MouseOut(0);
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<ChbInvariant>(static_cast<chb*>(control));
+    };
+    return kind;
+}
+
+// The radio button list takes the arrows, Home, End, Space and Return, and clicks.
+EntryKind rblKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("rbl");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* list = new rbl(&form);
+        list->setObjectName(QStringLiteral("rblFuzz"));
+        list->startFrom(PropertyBag());
+        list->resizeNow(QSize(200, 20));
+        return list;
+    };
+    kind.keyTarget = [](QWidget* control) { return control; };
+    kind.properties = {QStringLiteral("Value"),       QStringLiteral("CaptionList"),
+                       QStringLiteral("CaptionPosY"), QStringLiteral("Orientation"),
+                       QStringLiteral("AutoSize"),    QStringLiteral("Enabled"),
+                       QStringLiteral("Text")};
+    kind.reset = [](QWidget* control) {
+        auto* list = static_cast<rbl*>(control);
+        list->setEnabledProperty(true);
+        list->setCaptionPosY(QString());
+        list->setCaptionList(QStringLiteral("eins|zwei|drei"));
+        list->setAutoSize(true);
+        list->setOrientation(0);
+        list->resizeNow(QSize(200, 20));
+        list->setValue(1);
+        list->MouseOut(0);
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<RblInvariant>(static_cast<rbl*>(control));
+    };
+    return kind;
+}
+
+// The list box takes its keys and clicks on the list widget's viewport, which hands the
+// keys on to the list widget.
+EntryKind lstKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("Lst");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* list = new Lst(&form);
+        list->setObjectName(QStringLiteral("lstFuzz"));
+        list->startFrom(PropertyBag());
+        list->resizeNow(QSize(200, 36));
+        return list;
+    };
+    kind.keyTarget = [](QWidget* control) -> QWidget* {
+        return static_cast<Lst*>(control)->activeList()->viewport();
+    };
+    kind.properties = {QStringLiteral("List"),         QStringLiteral("Selected"),
+                       QStringLiteral("Text"),         QStringLiteral("AllowMultiSelect"),
+                       QStringLiteral("AllowDoubles"), QStringLiteral("Sorted"),
+                       QStringLiteral("Locked"),       QStringLiteral("Enabled"),
+                       QStringLiteral("ListIndex"),    QStringLiteral("TopIndex")};
+    kind.reset = [](QWidget* control) {
+        auto* list = static_cast<Lst*>(control);
+        list->setEnabledProperty(true);
+        list->setLocked(false);
+        list->setSorted(false);
+        list->setAllowDoubles(false);
+        list->setAllowMultiSelect(false);
+        list->Clear();
+        list->setList(QStringLiteral("Hans|Hanna|Peter|Berlin|berlin"));
+        list->setSelected(QString());
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<LstInvariant>(static_cast<Lst*>(control));
+    };
+    return kind;
+}
+
 }  // namespace
 
 const QList<EntryKind>& EntryKinds() {
-    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind()};
+    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind(),
+                                           chbKind(), rblKind(), lstKind()};
     return kinds;
 }
 
