@@ -216,8 +216,12 @@ void rbl::applyForeColor(const QColor&) {
     update();
 }
 
+// A new font lays the options out anew and counts as a change of the list.
 void rbl::applyFont(const QFont&) {
     Resize();
+    if (isStarted()) {
+        emit Change();
+    }
 }
 
 void rbl::applyEnabled(bool) {

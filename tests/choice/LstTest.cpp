@@ -161,6 +161,36 @@ TEST_F(LstTest, ClickInSingleSelectionRaisesTheEventsInOrder) {
     EXPECT_EQ(l->SelCount(), 1);
 }
 
+TEST_F(LstTest, OnAFormWithoutManagerTheWidgetsOwnMouseSelects) {
+    Form bare;
+    bare.setName("frmFrei");
+    auto* l = new Lst(&bare);
+    l->setObjectName("lstFrei");
+    l->startNew();
+    l->resizeNow({200, 150});
+    l->setAllowMultiSelect(true);
+    l->setList_en("a|b|c");
+    QSignalSpy clicks(l, &Lst::Click);
+    QSignalSpy doubles(l, &Lst::DblClick);
+    QWidget* viewport = l->activeList()->viewport();
+    const auto rowPoint = [l](int row) {
+        return l->activeList()->visualItemRect(l->activeList()->item(row)).center();
+    };
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, rowPoint(1));
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, rowPoint(2));
+    EXPECT_EQ(l->Selected(), "2|3");
+    EXPECT_EQ(clicks.count(), 2);
+    QTest::mouseDClick(viewport, Qt::LeftButton, {}, rowPoint(2));
+    EXPECT_EQ(doubles.count(), 1);
+
+    // With a manager the widget's mouse selects nothing: the tick does.
+    Lst* managed = list("x|y", true);
+    QTest::mouseClick(
+        managed->activeList()->viewport(), Qt::LeftButton, {},
+        managed->activeList()->visualItemRect(managed->activeList()->item(0)).center());
+    EXPECT_EQ(managed->Selected(), "");
+}
+
 TEST_F(LstTest, MultipleSelectionTogglesByPlainClickAndADragPaintsARange) {
     Lst* l = list("a|b|c|d|e", true);
     QStringList& events = record(l);

@@ -47,6 +47,9 @@ TEST_F(RblTest, ValueIsCappedWithABeepAndTextFollowsTheLanguage) {
     }
     list->setValue(0);
     EXPECT_EQ(list->Value(), 0) << "below 1 is not refused";
+    const int before = changes.count();
+    list->setFontBold(true);
+    EXPECT_EQ(changes.count(), before + 1) << "a new font counts as a change";
 }
 
 TEST_F(RblTest, OrientationSizesTheControlAndRefusesOtherValues) {
