@@ -386,9 +386,11 @@ TEST_F(LstTest, AccessibleAsAListOfRows) {
 // Random adds, removals, selections and language switches: the selection names only
 // entries that exist, and the widget shows the list of the language.
 TEST_F(LstTest, SelectionNamesOnlyExistingEntriesUnderRandomUse) {
-    for (const bool multi : {false, true}) {
-        Lst* l = list({}, multi);
-        std::mt19937 random(multi ? 4711 : 1234);
+    // Single selection, multiple selection, check boxes.
+    for (const int kind : {0, 1, 2}) {
+        const bool multi = kind > 0;
+        Lst* l = list({}, multi, kind == 2 ? 1 : 0);
+        std::mt19937 random(1234 + kind);
         auto pick = [&random](int n) {
             return static_cast<int>(random() % static_cast<unsigned>(n));
         };
