@@ -103,6 +103,7 @@ public:
     bool menuOpen = false;
     bool popupShown = false;
     bool loadConnected = false;
+    bool cancelToggle = false;  // set by a SelectionAdded handler during a check-box toggle
 
     QListWidget* makeList(Lst* owner, const QString& name, bool checks) {
         auto* list = new QListWidget(owner);
@@ -406,29 +407,17 @@ QString Lst::Selected() const {
 }
 
 void Lst::setSelected(const QString& SelsAsPSL) {
-    // Only numbers of rows shown are kept, each once; a single selection keeps the first.
-    QStringList valid;
-    QSet<int> seen;
-    const QStringList given = SelsAsPSL.isEmpty() ? QStringList() : SelsAsPSL.split(u'|');
-    for (const QString& token : given) {
-        bool ok = false;
-        const int n = token.trimmed().toInt(&ok);
-        if (ok && n >= 1 && n <= ListCount() && !seen.contains(n)) {
-            seen.insert(n);
-            valid << QString::number(n);
-            if (!d->allowMultiSelect) {
-                break;
-            }
-        }
-    }
-    d->selected = valid.join(u'|');
+    // Kept as given; the widget marks the rows among it that exist.
+    d->selected = SelsAsPSL;
     ChangeSelection(false);
     PropertyChanged(QStringLiteral("Selected"));
 }
 
 namespace {
 
-QString entriesOf(const QString& list, const QString& selected) {
+// The entries of the list whose numbers the selection holds, in the selection's order;
+// numbers that name no entry give none.
+QStringList entriesOf(const QString& list, const QString& selected) {
     if (selected.isEmpty()) {
         return {};
     }
@@ -440,19 +429,19 @@ QString entriesOf(const QString& list, const QString& selected) {
             chosen << all.at(n - 1);
         }
     }
-    return chosen.join(u'|');
+    return chosen;
 }
 
 }  // namespace
 
 QString Lst::SelectedEntrys_de() const {
     const_cast<Lst*>(this)->collectMarks();
-    return entriesOf(d->listDe, d->selected);
+    return entriesOf(d->listDe, d->selected).join(u'|');
 }
 
 QString Lst::SelectedEntrys_en() const {
     const_cast<Lst*>(this)->collectMarks();
-    return entriesOf(d->listEn, d->selected);
+    return entriesOf(d->listEn, d->selected).join(u'|');
 }
 
 QString Lst::SelectedEntrys() const {
@@ -779,20 +768,19 @@ bool Lst::RemoveItem(int IndexStartCountBy1, bool MarkNextEntry, bool Sicherheit
     }
     const bool german = IsGerman();
     int number = IndexStartCountBy1;
-    QSet<int> gone;
     if (number >= 1) {
         if (number > ListCount()) {
             return false;
         }
         delete d->active->takeItem(number - 1);
         d->list(german) = PslRemoveAt(d->list(german), number);
-        gone.insert(number);
     } else if (d->allowMultiSelect) {
-        gone = numbersOf(d->selected);
         const QStringList all = tokens(d->list(german));
+        const QStringList chosen = tokens(d->selected);
+        const QSet<QString> marked(chosen.cbegin(), chosen.cend());
         QStringList keptEntries;
         for (int n = 1; n <= all.size(); ++n) {
-            if (!gone.contains(n)) {
+            if (!marked.contains(QString::number(n))) {
                 keptEntries << all.at(n - 1);
             }
         }
@@ -808,25 +796,16 @@ bool Lst::RemoveItem(int IndexStartCountBy1, bool MarkNextEntry, bool Sicherheit
         }
         delete d->active->takeItem(number - 1);
         d->list(german) = PslRemoveAt(d->list(german), number);
-        gone.insert(number);
     }
     PropertyChanged(german ? QStringLiteral("List_de") : QStringLiteral("List_en"));
-    // The numbers behind a removed entry move up by one; a removed one leaves the selection.
-    if (!d->selected.isEmpty()) {
-        QStringList renumbered;
-        for (const QString& token : d->selected.split(u'|')) {
-            const int n = token.toInt();
-            if (gone.contains(n)) {
-                continue;
-            }
-            const auto before =
-                std::count_if(gone.cbegin(), gone.cend(), [n](int removed) { return removed < n; });
-            renumbered << QString::number(n - static_cast<int>(before));
-        }
-        d->selected = renumbered.join(u'|');
-        ChangeSelection(true);
+    // The selection loses the token at the removed entry's position, not the entry's number,
+    // and the numbers behind it are not moved up.
+    const QString removed = QString::number(number);
+    if (PslContains(d->selected, removed)) {
+        d->selected = PslRemoveAt(d->selected, number);
     }
-    if (!d->allowMultiSelect && MarkNextEntry && number >= 1) {
+    ChangeSelection(true);
+    if (!d->allowMultiSelect && MarkNextEntry) {
         AddSelection(number <= ListCount() || number == 1 ? number : number - 1);
     }
     UpdateListCount();
@@ -943,20 +922,23 @@ void Lst::ChangeList() {
 // --- Selection ----------------------------------------------------------------------------
 
 void Lst::ChangeSelection(bool EventThrownByErrorCorrection) {
-    const QSet<int> numbers = numbersOf(d->selected);
+    // A row is marked when its number stands in the selection as a whole token.
+    const QStringList given = tokens(d->selected);
+    const QSet<QString> numbers(given.cbegin(), given.cend());
     QListWidget* w = d->active;
     if (d->style == 0) {
         QItemSelection selection;
-        for (const int n : numbers) {
-            if (n >= 1 && n <= w->count()) {
-                const QModelIndex index = w->model()->index(n - 1, 0);
+        for (int row = 0; row < w->count(); ++row) {
+            if (numbers.contains(QString::number(row + 1))) {
+                const QModelIndex index = w->model()->index(row, 0);
                 selection.select(index, index);
             }
         }
         w->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     } else {
         for (int row = 0; row < w->count(); ++row) {
-            w->item(row)->setCheckState(numbers.contains(row + 1) ? Qt::Checked : Qt::Unchecked);
+            w->item(row)->setCheckState(numbers.contains(QString::number(row + 1)) ? Qt::Checked
+                                                                                   : Qt::Unchecked);
         }
     }
     if (!EventThrownByErrorCorrection) {
@@ -990,7 +972,7 @@ void Lst::AddSelection(int IndexStartCountAt1) {
     }
     d->active->setUpdatesEnabled(false);
     if (d->allowMultiSelect) {
-        if (!numbersOf(d->selected).contains(n)) {
+        if (!PslContains(d->selected, QString::number(n))) {
             d->selected = PslAdd(d->selected, QString::number(n), true);
         }
     } else {
@@ -1002,6 +984,10 @@ void Lst::AddSelection(int IndexStartCountAt1) {
     d->active->setUpdatesEnabled(true);
     emit SelectionAdded(n);
     ChangeSelection(false);
+}
+
+void Lst::CancelSelectionAdded() {
+    d->cancelToggle = true;
 }
 
 void Lst::RemoveSelection(int IndexStartCountAt1) {
@@ -1026,20 +1012,29 @@ void Lst::toggleRow(int number) {
         return;
     }
     if (d->style != 0) {
-        QListWidgetItem* item = d->active->item(number - 1);
-        const bool on = item->checkState() != Qt::Checked;
-        item->setCheckState(on ? Qt::Checked : Qt::Unchecked);
-        collectMarks();
-        if (on) {
+        // The events are named after the mark as it stood when the widget had flipped it: a
+        // ticked row reports SelectionAdded and loses its tick (unless the handler cancels),
+        // an unticked one reports SelectionDeleted and gets it.
+        if (d->active->item(number - 1)->checkState() == Qt::Checked) {
+            d->cancelToggle = false;
             emit SelectionAdded(number);
+            QListWidgetItem* item = d->active->item(number - 1);
+            if (!d->cancelToggle && item) {
+                item->setCheckState(Qt::Unchecked);
+            }
         } else {
             emit SelectionDeleted(number);
+            if (QListWidgetItem* item = d->active->item(number - 1)) {
+                item->setCheckState(Qt::Checked);
+            }
         }
-        emit SelectionChange();
+        d->cancelToggle = false;
+        collectMarks();
+        QCoreApplication::processEvents();
         return;
     }
     const QString n = QString::number(number);
-    if (numbersOf(d->selected).contains(number)) {
+    if (PslContains(d->selected, n)) {
         d->selected = PslRemove(d->selected, n);
         emit SelectionDeleted(number);
     } else {
@@ -1131,12 +1126,9 @@ void Lst::ClearSelection() {
 
 void Lst::SelectionToClipboard() {
     collectMarks();
-    const QString entries = entriesOf(List(), d->selected);
     QString text;
-    if (!d->selected.isEmpty()) {
-        for (const QString& entry : entries.split(u'|')) {
-            text += entry + QStringLiteral("\r\n");
-        }
+    for (const QString& entry : entriesOf(List(), d->selected)) {
+        text += entry + QStringLiteral("\r\n");
     }
     QGuiApplication::clipboard()->setText(text);
     statusText(QStringLiteral("Selektierte Einträge in Zwischenablage kopiert."),

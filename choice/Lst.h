@@ -96,7 +96,7 @@ public:
     void setList(const QString& list);
     /// The 1-based numbers of the selected entries, "|"-separated; empty for none.
     QString Selected() const;
-    /// Sets the selection by numbers and shows it.
+    /// Stores the selection as given and marks the rows among it that exist.
     void setSelected(const QString& SelsAsPSL);
     /// The German texts of the selected entries.
     QString SelectedEntrys_de() const;
@@ -238,6 +238,9 @@ public:
     Q_INVOKABLE void AddSelection(int IndexStartCountAt1);
     /// Unselects entry n (1-based).
     Q_INVOKABLE void RemoveSelection(int IndexStartCountAt1);
+    /// Called by a SelectionAdded handler while Space flips a ticked row of the check-box
+    /// style: the tick stays.
+    Q_INVOKABLE void CancelSelectionAdded();
     /// Flips the selection of every entry.
     Q_INVOKABLE void InvertSelectionAll();
     /// Unselects every entry.

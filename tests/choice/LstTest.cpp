@@ -95,10 +95,9 @@ TEST_F(LstTest, AddItemFillsBothListsAndRaisesChangeTwiceEvenForADouble) {
     EXPECT_EQ(l->List_de(), "");
 }
 
-TEST_F(LstTest, RemoveItemAsksLeavesTheOtherLanguageAndKeepsTheSelectionInStep) {
+TEST_F(LstTest, RemoveItemAsksAndLeavesTheOtherLanguage) {
     test::ScopedLanguage german("de");
     Lst* l = list("a|b|c|d");
-    l->setSelected("3");
     boxes.answers << vbNo;
     EXPECT_FALSE(l->RemoveItem(2, false, true));
     ASSERT_EQ(boxes.shown.size(), 1);
@@ -109,14 +108,11 @@ TEST_F(LstTest, RemoveItemAsksLeavesTheOtherLanguageAndKeepsTheSelectionInStep) 
     EXPECT_TRUE(l->RemoveItem(2, false, true));
     EXPECT_EQ(l->List_de(), "a|c|d");
     EXPECT_EQ(l->List_en(), "a|b|c|d") << "the other language keeps the entry";
-    EXPECT_EQ(l->Selected(), "2") << "c moved up and stays selected";
-    EXPECT_EQ(l->SelectedEntrys_de(), "c");
-
-    EXPECT_TRUE(l->RemoveItem(3, true));
-    EXPECT_EQ(l->Selected(), "2") << "the next entry, here the last, is marked";
-    EXPECT_TRUE(l->RemoveItemByEntry("c"));
-    EXPECT_EQ(l->Selected(), "");
+    l->setListIndex(0);
+    EXPECT_TRUE(l->RemoveItem());
+    EXPECT_EQ(l->List_de(), "c|d") << "-1 removes the current row";
     EXPECT_FALSE(l->RemoveItemByEntry("zz"));
+    EXPECT_FALSE(l->RemoveItem(3));
 
     Lst empty;
     empty.startNew();
@@ -135,6 +131,77 @@ TEST_F(LstTest, RemoveItemAsksLeavesTheOtherLanguageAndKeepsTheSelectionInStep) 
     EXPECT_EQ(boxes.shown.last().text, "Möchten Sie die markierten Einträge entfernen?");
     EXPECT_EQ(many->List_de(), "1|3|5");
     EXPECT_EQ(many->Selected(), "");
+}
+
+// A removed entry takes from the selection the token at its position, when its number is
+// selected; the numbers behind it are not moved up, and the widget shows what is left.
+TEST_F(LstTest, RemoveItemTakesTheSelectionTokenAtTheEntrysPosition) {
+    Lst* l = list("a|b|c|d|e", true);
+    l->setSelected("1|3|5");
+    EXPECT_TRUE(l->RemoveItem(3));
+    EXPECT_EQ(l->Selected(), "1|3");
+    EXPECT_EQ(l->SelectedEntrys(), "a|d");
+    for (int row = 0; row < 4; ++row) {
+        EXPECT_EQ(l->rowMarked(row), row == 0 || row == 2) << row;
+    }
+    EXPECT_TRUE(l->RemoveItem(1));
+    EXPECT_EQ(l->Selected(), "3") << "the first token went";
+    EXPECT_TRUE(l->RemoveItem(2));
+    EXPECT_EQ(l->Selected(), "3") << "2 is not selected: nothing goes";
+    EXPECT_EQ(l->List(), "b|e");
+    EXPECT_EQ(l->SelectedEntrys(), "") << "3 names no entry any more";
+    EXPECT_EQ(l->SelCount(), 0);
+
+    // Single selection: a selected number above 1 finds no token at its own position.
+    Lst* single = list("a|b|c|d");
+    single->setSelected("2");
+    EXPECT_TRUE(single->RemoveItem(2));
+    EXPECT_EQ(single->Selected(), "2");
+    EXPECT_EQ(single->SelectedEntrys(), "c");
+    EXPECT_TRUE(single->RemoveItem(1));
+    EXPECT_EQ(single->Selected(), "2") << "not selected, not touched";
+    single->setSelected("1");
+    EXPECT_TRUE(single->RemoveItem(1));
+    EXPECT_EQ(single->Selected(), "");
+    EXPECT_EQ(single->List(), "d");
+
+    // MarkNextEntry selects the entry now at the number, or the last one.
+    Lst* marking = list("a|b|c|d");
+    EXPECT_TRUE(marking->RemoveItem(2, true));
+    EXPECT_EQ(marking->SelectedEntrys(), "c");
+    EXPECT_TRUE(marking->RemoveItem(3, true));
+    EXPECT_EQ(marking->SelectedEntrys(), "c") << "the removed one was the last";
+    EXPECT_TRUE(marking->RemoveItemByEntry("c"));
+    EXPECT_EQ(marking->Selected(), "2") << "2 stays, with no entry behind it";
+    EXPECT_EQ(marking->List(), "a");
+    EXPECT_FALSE(marking->rowMarked(0));
+}
+
+// Selected keeps the text as given; the widget marks the rows whose numbers stand in it as
+// whole tokens.
+TEST_F(LstTest, SelectedKeepsTheTextAsGivenAndMarksTheRowsItNames) {
+    for (const int style : {0, 1}) {
+        Lst* l = list("a|b|c", false, style);
+        QSignalSpy changes(l, &Lst::SelectionChange);
+        l->setSelected("3|9|x|2|3");
+        EXPECT_EQ(l->Selected(), "3|9|x|2|3") << style;
+        EXPECT_FALSE(l->rowMarked(0));
+        EXPECT_TRUE(l->rowMarked(1));
+        EXPECT_TRUE(l->rowMarked(2));
+        EXPECT_EQ(changes.count(), 1);
+        if (style == 0) {
+            EXPECT_EQ(l->SelectedEntrys(), "c|b|c");
+        }
+        l->setSelected("01|+2");
+        EXPECT_EQ(l->SelCount(), 0) << "no whole token names a row";
+        l->setSelected("0|-1");
+        EXPECT_EQ(l->Selected(), "0|-1");
+        EXPECT_EQ(l->SelectedEntrys_en(), "");
+        QApplication::clipboard()->clear();
+        l->SelectionToClipboard();
+        EXPECT_EQ(QApplication::clipboard()->text(), "");
+        delete l;
+    }
 }
 
 TEST_F(LstTest, ClickInSingleSelectionRaisesTheEventsInOrder) {
@@ -238,9 +305,25 @@ TEST_F(LstTest, CheckBoxStyleMarksByClickAndSpace) {
     click(rowAt(l, 1));
     EXPECT_EQ(l->Selected(), "");
     EXPECT_TRUE(events.contains("Deleted2"));
+
+    // Space flips the current row; the event is named after the mark the row had.
     l->setListIndex(2);
+    events.clear();
     key(l, Qt::Key_Space);
+    EXPECT_EQ(events, QStringList({"Deleted3"}));
+    EXPECT_TRUE(l->rowMarked(2));
     EXPECT_EQ(l->SelectedEntrys(), "z");
+    key(l, Qt::Key_Space);
+    EXPECT_EQ(events, QStringList({"Deleted3", "Added3"}));
+    EXPECT_FALSE(l->rowMarked(2));
+    EXPECT_EQ(l->Selected(), "");
+    // A SelectionAdded handler that cancels keeps the tick.
+    key(l, Qt::Key_Space);
+    QObject::connect(l, &Lst::SelectionAdded, l, [l] { l->CancelSelectionAdded(); });
+    key(l, Qt::Key_Space);
+    EXPECT_EQ(events.mid(2), QStringList({"Deleted3", "Added3"}));
+    EXPECT_TRUE(l->rowMarked(2));
+    EXPECT_EQ(l->Selected(), "3");
     l->SelectAll();
     EXPECT_EQ(l->SelCount(), 3);
     l->ClearSelection();
@@ -383,9 +466,12 @@ TEST_F(LstTest, AccessibleAsAListOfRows) {
               "Listbox (simple, unsorted). Right click opens special functions.");
 }
 
-// Random adds, removals, selections and language switches: the selection names only
-// entries that exist, and the widget shows the list of the language.
-TEST_F(LstTest, SelectionNamesOnlyExistingEntriesUnderRandomUse) {
+// Random adds, removals, selections and language switches. After every step the widget
+// shows the list of the language and marks exactly the rows that the selection names. A
+// removal may leave numbers without an entry in the selection; every other step gives a
+// selection of existing entries when it starts from one, and a language switch, an added
+// entry, SelectAll, ClearSelection or a let of existing numbers give one whatever was there.
+TEST_F(LstTest, WidgetAndSelectionStayInStepUnderRandomUse) {
     // Single selection, multiple selection, check boxes.
     for (const int kind : {0, 1, 2}) {
         const bool multi = kind > 0;
@@ -394,20 +480,44 @@ TEST_F(LstTest, SelectionNamesOnlyExistingEntriesUnderRandomUse) {
         auto pick = [&random](int n) {
             return static_cast<int>(random() % static_cast<unsigned>(n));
         };
+        const auto namesEntries = [l] {
+            const QString selected = l->Selected();
+            if (selected.isEmpty()) {
+                return true;
+            }
+            for (const QString& token : selected.split('|')) {
+                bool ok = false;
+                const int n = token.toInt(&ok);
+                if (!ok || n < 1 || n > l->ListCount()) {
+                    return false;
+                }
+            }
+            return true;
+        };
+        bool valid = true;
         for (int step = 0; step < 2500; ++step) {
-            switch (pick(7)) {
+            QString given;
+            switch (pick(9)) {
                 case 0:
                 case 1:
                     l->AddItem(QString("de%1").arg(pick(40)), QString("en%1").arg(pick(40)),
                                pick(3) == 0 ? pick(l->ListCount() + 2) : -1, pick(2) == 0,
                                pick(2) == 0);
+                    valid = true;
                     break;
                 case 2:
                     l->RemoveItem(pick(l->ListCount() + 1) - (pick(4) == 0 ? 1 : 0), pick(2) == 0);
+                    valid = namesEntries();
                     break;
-                case 3:
-                    l->AddSelection(pick(l->ListCount() + 2));
+                case 3: {
+                    const int n = pick(l->ListCount() + 2);
+                    l->AddSelection(n);
+                    if (kind == 0 && n >= 1 && n <= l->ListCount()) {
+                        ASSERT_EQ(l->Selected(), QString::number(n)) << "step " << step;
+                        valid = true;
+                    }
                     break;
+                }
                 case 4:
                     if (l->ListCount() > 0) {
                         click(rowAt(l, std::min(pick(l->ListCount()), 6)));
@@ -416,23 +526,41 @@ TEST_F(LstTest, SelectionNamesOnlyExistingEntriesUnderRandomUse) {
                 case 5:
                     RegSetApp("Config", "Sprache", pick(2) == 0 ? "de" : "en");
                     l->Refresh();
+                    valid = true;
                     break;
-                default:
-                    l->setSelected(QString("%1|%2").arg(pick(5)).arg(pick(5)));
+                case 6:
+                    if (pick(2) == 0) {
+                        l->SelectAll();
+                        valid = valid || l->ListCount() > 0;  // an empty list stops at once
+                    } else {
+                        l->ClearSelection();
+                        valid = true;
+                    }
                     break;
+                default: {
+                    // Numbers of entries, or anything at all.
+                    const int rows = l->ListCount();
+                    const bool existing = rows > 0 && pick(2) == 0;
+                    given = existing ? QString("%1|%2").arg(pick(rows) + 1).arg(pick(rows) + 1)
+                                     : QString("%1|x|%2").arg(pick(rows + 3)).arg(pick(9) - 2);
+                    l->setSelected(given);
+                    ASSERT_EQ(l->Selected(), given) << "step " << step;
+                    valid = existing;
+                    break;
+                }
             }
             const int rows = l->ListCount();
             ASSERT_EQ(rows, PslCount(l->List())) << "step " << step;
             ASSERT_EQ(rows, l->activeList()->count());
-            if (!l->Selected().isEmpty()) {
-                for (const QString& n : l->Selected().split('|')) {
-                    ASSERT_GE(n.toInt(), 1)
-                        << "step " << step << " " << l->Selected().toStdString();
-                    ASSERT_LE(n.toInt(), rows) << "step " << step;
-                }
+            const QStringList tokens =
+                l->Selected().isEmpty() ? QStringList() : l->Selected().split('|');
+            for (int row = 0; row < rows; ++row) {
+                ASSERT_EQ(l->rowMarked(row), tokens.contains(QString::number(row + 1)))
+                    << "step " << step << " row " << row << " " << l->Selected().toStdString();
             }
-            if (!multi) {
-                ASSERT_LE(PslCount(l->Selected()), 1) << "step " << step;
+            if (valid) {
+                ASSERT_TRUE(namesEntries())
+                    << "step " << step << " " << l->Selected().toStdString();
             }
         }
         delete l;
