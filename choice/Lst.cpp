@@ -48,6 +48,19 @@ private:
     int height_;
 };
 
+// The control alone sets the selection: the widget's own mouse, arrow keys and search by a
+// typed letter move the current row only.
+class ListWidget : public QListWidget {
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex&,
+                                                         const QEvent*) const override {
+        return QItemSelectionModel::NoUpdate;
+    }
+};
+
 QStringList tokens(const QString& list) {
     return list.isEmpty() ? QStringList() : TokenSplit(list, kPipe);
 }
@@ -106,7 +119,7 @@ public:
     bool cancelToggle = false;  // set by a SelectionAdded handler during a check-box toggle
 
     QListWidget* makeList(Lst* owner, const QString& name, bool checks) {
-        auto* list = new QListWidget(owner);
+        auto* list = new ListWidget(owner);
         list->setObjectName(name);
         list->setSelectionMode(checks ? QAbstractItemView::NoSelection
                                       : QAbstractItemView::MultiSelection);
@@ -923,22 +936,25 @@ void Lst::ChangeList() {
 
 void Lst::ChangeSelection(bool EventThrownByErrorCorrection) {
     // A row is marked when its number stands in the selection as a whole token.
-    const QStringList given = tokens(d->selected);
-    const QSet<QString> numbers(given.cbegin(), given.cend());
     QListWidget* w = d->active;
+    QSet<int> numbers;
+    for (const QString& token : tokens(d->selected)) {
+        bool ok = false;
+        const int n = token.toInt(&ok);
+        if (ok && n >= 1 && n <= w->count() && token == QString::number(n)) {
+            numbers.insert(n);
+        }
+    }
     if (d->style == 0) {
         QItemSelection selection;
-        for (int row = 0; row < w->count(); ++row) {
-            if (numbers.contains(QString::number(row + 1))) {
-                const QModelIndex index = w->model()->index(row, 0);
-                selection.select(index, index);
-            }
+        for (const int n : numbers) {
+            const QModelIndex index = w->model()->index(n - 1, 0);
+            selection.select(index, index);
         }
         w->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     } else {
         for (int row = 0; row < w->count(); ++row) {
-            w->item(row)->setCheckState(numbers.contains(QString::number(row + 1)) ? Qt::Checked
-                                                                                   : Qt::Unchecked);
+            w->item(row)->setCheckState(numbers.contains(row + 1) ? Qt::Checked : Qt::Unchecked);
         }
     }
     if (!EventThrownByErrorCorrection) {

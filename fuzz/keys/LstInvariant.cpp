@@ -7,9 +7,31 @@
 
 namespace vorelle::fuzz {
 
+namespace {
+
+// Whether the selection names only existing entries, each once.
+bool namesEntries(const QString& selected, int rows) {
+    if (selected.isEmpty()) {
+        return true;
+    }
+    QSet<int> seen;
+    for (const QString& token : selected.split(u'|')) {
+        bool ok = false;
+        const int n = token.toInt(&ok);
+        if (!ok || n < 1 || n > rows || seen.contains(n)) {
+            return false;
+        }
+        seen.insert(n);
+    }
+    return true;
+}
+
+}  // namespace
+
 void LstInvariant::before(const Step&) {
     selectedBefore_ = list_->Selected();
     lockedBefore_ = list_->Locked();
+    namedEntriesBefore_ = namesEntries(selectedBefore_, list_->ListCount());
 }
 
 QString LstInvariant::after(const Step& step) {
@@ -20,17 +42,26 @@ QString LstInvariant::after(const Step& step) {
             .arg(PslCount(list_->List()));
     }
     const QString selected = list_->Selected();
-    if (!selected.isEmpty()) {
-        QSet<int> seen;
-        for (const QString& token : selected.split(u'|')) {
-            bool ok = false;
-            const int n = token.toInt(&ok);
-            if (!ok || n < 1 || n > rows || seen.contains(n)) {
-                return QStringLiteral("the selection '") + selected +
-                       QStringLiteral("' names no entry of %1").arg(rows);
-            }
-            seen.insert(n);
+    const QStringList tokens = selected.isEmpty() ? QStringList() : selected.split(u'|');
+    const QSet<QString> named(tokens.cbegin(), tokens.cend());
+    for (int row = 0; row < rows; ++row) {
+        if (list_->rowMarked(row) != named.contains(QString::number(row + 1))) {
+            return QStringLiteral("row %1 is shown %2 for the selection '")
+                       .arg(row + 1)
+                       .arg(list_->rowMarked(row) ? QStringLiteral("marked")
+                                                  : QStringLiteral("unmarked")) +
+                   selected + QStringLiteral("'");
         }
+    }
+    const bool setsSelected =
+        step.kind == Step::Property && step.property == QStringLiteral("Selected");
+    if (setsSelected && selected != step.value.toString()) {
+        return QStringLiteral("the selection '") + step.value.toString() +
+               QStringLiteral("' reads back as '") + selected + QStringLiteral("'");
+    }
+    if (!setsSelected && namedEntriesBefore_ && !namesEntries(selected, rows)) {
+        return QStringLiteral("the selection '") + selectedBefore_ + QStringLiteral("' became '") +
+               selected + QStringLiteral("', which names no entry of %1").arg(rows);
     }
     const bool byUser = step.kind == Step::Key || step.kind == Step::Mouse;
     if (byUser && lockedBefore_ && selected != selectedBefore_) {

@@ -10,9 +10,11 @@ class Lst;
 
 namespace vorelle::fuzz {
 
-// What a list box promises whatever is typed, clicked or set: the selection names only
-// entries that exist, each once; the widget shows as many rows as the list of the language
-// holds; and a locked list keeps its selection against keys and clicks.
+// What a list box promises whatever is typed, clicked or set: the widget shows as many rows
+// as the list of the language holds and marks exactly the rows whose numbers the selection
+// holds; a selection set by its property reads back as given; a selection of existing
+// entries, each once, stays so under every other step; and a locked list keeps its
+// selection against keys and clicks.
 class LstInvariant : public EntryInvariant {
 public:
     explicit LstInvariant(Lst* list) : list_(list) {}
@@ -25,6 +27,7 @@ private:
     Lst* list_;
     QString selectedBefore_;
     bool lockedBefore_ = false;
+    bool namedEntriesBefore_ = true;
 };
 
 }  // namespace vorelle::fuzz

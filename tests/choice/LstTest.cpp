@@ -226,6 +226,12 @@ TEST_F(LstTest, ClickInSingleSelectionRaisesTheEventsInOrder) {
     key(l, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(l->Selected(), "1");
     EXPECT_EQ(l->SelCount(), 1);
+    // A typed letter finds the entry that starts with it and selects nothing.
+    key(l, Qt::Key_D);
+    EXPECT_EQ(l->ListIndex(), 2);
+    EXPECT_EQ(l->Selected(), "1");
+    EXPECT_FALSE(l->rowMarked(2));
+    EXPECT_EQ(l->SelCount(), 1);
 }
 
 TEST_F(LstTest, OnAFormWithoutManagerTheWidgetsOwnMouseSelects) {
