@@ -1066,11 +1066,10 @@ void Lst::InvertSelectionAll() {
         return;
     }
     const int top = TopIndex();
-    const QSet<int> before = numbersOf(d->selected);
     QStringList now;
     QList<int> added, deleted;
     for (int n = 1; n <= ListCount(); ++n) {
-        if (before.contains(n)) {
+        if (rowMarked(n - 1)) {  // every row of the widget is flipped
             deleted << n;
         } else {
             added << n;

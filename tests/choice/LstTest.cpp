@@ -194,6 +194,10 @@ TEST_F(LstTest, SelectedKeepsTheTextAsGivenAndMarksTheRowsItNames) {
         }
         l->setSelected("01|+2");
         EXPECT_EQ(l->SelCount(), 0) << "no whole token names a row";
+        l->setAllowMultiSelect(true);
+        l->InvertSelectionAll();
+        EXPECT_EQ(l->Selected(), "1|2|3") << "the rows shown are flipped";
+        l->setAllowMultiSelect(false);
         l->setSelected("0|-1");
         EXPECT_EQ(l->Selected(), "0|-1");
         EXPECT_EQ(l->SelectedEntrys_en(), "");
