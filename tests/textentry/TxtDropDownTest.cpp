@@ -3,12 +3,13 @@
 
 #include "FakePopupLoop.h"
 #include "TxtFixture.h"
-#include "support/QtPrinters.h"
 #include "display/brd.h"
+#include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "host/hooks/Hooks.h"
 #include "host/hooks/WindowHandle.h"
 #include "support/FakeSleeper.h"
+#include "support/QtPrinters.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/Uebergabe.h"
 #include "textentry/frmDropDownList.h"
@@ -180,8 +181,8 @@ TEST_F(TxtDropDownTest, ReturnBlankAndALeftClickChooseEscAndOtherButtonsDoNot) {
 TEST_F(TxtDropDownTest, MovingTheMouseChoosesTheRowAndDraggingWithTheButtonTakesIt) {
     make({{QStringLiteral("DropDownList_en"), QStringLiteral("one|two|three")}});
     auto move = [](const QPoint& at, Qt::MouseButtons buttons) {
-        QMouseEvent event(QEvent::MouseMove, at, list()->viewport()->mapToGlobal(at),
-                          Qt::NoButton, buttons, Qt::NoModifier);
+        QMouseEvent event(QEvent::MouseMove, at, list()->viewport()->mapToGlobal(at), Qt::NoButton,
+                          buttons, Qt::NoModifier);
         QCoreApplication::sendEvent(list()->viewport(), &event);
     };
     whileShown([&] {
@@ -192,6 +193,44 @@ TEST_F(TxtDropDownTest, MovingTheMouseChoosesTheRowAndDraggingWithTheButtonTakes
     clickSymbol("picDropdown", "picDropdownMouseOver");
     EXPECT_FALSE(popup.leftOpen);
     EXPECT_EQ(txt->Text(), QStringLiteral("three"));
+}
+
+// Records the caption expansions that the pop-up asks for.
+class RecordingExpansions : public HintWindows {
+public:
+    QStringList shown;  // type name and text
+    int hides = 0;
+    void toolTipShow(const QString&, Form*, const QString&, const QString&) override {}
+    void toolTipHide() override {}
+    void captionExpandShow(const CaptionExpansion& e) override {
+        shown << e.typeName + u':' + e.text;
+    }
+    void captionExpandHide() override { ++hides; }
+};
+
+TEST_F(TxtDropDownTest, ARowTooLongForTheListShowsInFullUnderTheMouse) {
+    make({{QStringLiteral("DropDownList_en"),
+           QStringLiteral("short|a rather long entry that the narrow list cannot show")}});
+    txt->setWidth(1500);
+    Installed<RecordingExpansions, HintWindows> hints;
+    whileShown([&] {
+        auto hover = [](int row) {
+            const QPoint at = list()->visualItemRect(list()->item(row)).center();
+            QMouseEvent move(QEvent::MouseMove, at, list()->viewport()->mapToGlobal(at),
+                             Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+            QCoreApplication::sendEvent(list()->viewport(), &move);
+        };
+        hover(0);
+        EXPECT_TRUE(hints.shown.isEmpty());
+        const int hidesBefore = hints.hides;
+        hover(1);
+        EXPECT_EQ(hints.shown,
+                  QStringList{"txtDropDown:a rather long entry that the narrow list cannot show"});
+        EXPECT_GT(hints.hides, hidesBefore);  // a new row hides the old expansion first
+        key(Qt::Key_Escape);
+    });
+    clickSymbol("picDropdown", "picDropdownMouseOver");
+    EXPECT_EQ(popup.runs(), 1);
 }
 
 // Every way out hands the list back: entries removed with numeric minus stay removed,
