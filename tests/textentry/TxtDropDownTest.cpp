@@ -1,5 +1,6 @@
 #include <QListWidget>
 #include <QScrollBar>
+#include <QTimer>
 
 #include "FakePopupLoop.h"
 #include "TxtFixture.h"
@@ -10,6 +11,7 @@
 #include "host/hooks/WindowHandle.h"
 #include "support/FakeSleeper.h"
 #include "support/QtPrinters.h"
+#include "textentry/PopupLoop.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/Uebergabe.h"
 #include "textentry/frmDropDownList.h"
@@ -504,6 +506,27 @@ TEST_F(TxtDropDownTest, TheWheelStepsThroughTheListAndStopsAtItsEnds) {
     EXPECT_EQ(turn(120), QStringLiteral("a"));
     EXPECT_EQ(popup.runs(), 0);
     EXPECT_EQ(MouseWheelDirection(), 0);
+}
+
+// The system's modal showing: a nested loop that ends when the pop-up goes, whichever way.
+TEST_F(TxtTest, TheSystemLoopReturnsWhenThePopUpCloses) {
+    make({{QStringLiteral("DropDownList_en"), QStringLiteral("a|b")}});
+    ASSERT_NE(dynamic_cast<SystemPopupLoop*>(&PopupLoop::instance()), nullptr);
+    for (const Qt::Key k : {Qt::Key_Return, Qt::Key_Escape}) {
+        bool seen = false;
+        QTimer::singleShot(0, [&] {
+            frmDropDownList* popup = frmDropDownList::loaded();
+            seen = popup && popup->isVisible() && popup->windowModality() != Qt::NonModal;
+            if (popup) {
+                QTest::keyClick(popup->lstDropDown(), k);
+            }
+        });
+        txt->setText(QString());
+        QTest::keyClick(field(), Qt::Key_Down);
+        EXPECT_TRUE(seen);
+        EXPECT_EQ(frmDropDownList::loaded(), nullptr);
+        EXPECT_EQ(txt->Text(), k == Qt::Key_Return ? QStringLiteral("a") : QString());
+    }
 }
 
 // --- The field after the pop-up --------------------------------------------------------------
