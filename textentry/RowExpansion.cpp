@@ -1,4 +1,4 @@
-#include "textentry/RowExpansion.h"
+#include "textentry/RowExpansion_p.h"
 
 #include <QFontMetrics>
 #include <QListWidget>

@@ -11,7 +11,7 @@
 #include "formwizard/ModuleSwitches.h"
 #include "host/frame/ControlBase.h"
 #include "host/platform/MessageBox.h"
-#include "textentry/RowExpansion.h"
+#include "textentry/RowExpansion_p.h"
 #include "textentry/Uebergabe.h"
 
 namespace vorelle {
@@ -52,7 +52,6 @@ frmDropDownList::frmDropDownList(QWidget* owner)
       d(std::make_unique<frmDropDownListPrivate>()) {
     setObjectName(QStringLiteral("frmDropDownList"));
     setWindowTitle(QStringLiteral("DropDownList"));
-    setAttribute(Qt::WA_DeleteOnClose, false);
     setAutoFillBackground(true);
     QPalette palette = this->palette();
     palette.setColor(QPalette::Window, Qt::white);

@@ -10,7 +10,7 @@
 #include "formwizard/ModuleSwitches.h"
 #include "host/frame/ControlBase.h"
 #include "host/frame/Shape.h"
-#include "textentry/RowExpansion.h"
+#include "textentry/RowExpansion_p.h"
 #include "textentry/Uebergabe.h"
 
 namespace vorelle {
