@@ -30,6 +30,11 @@ TEST_F(TxtTest, LeavingAFieldAddsItsTextToTheHistoryOfItsName) {
     // A repeated text keeps its place; one that differs in case only is new; an empty
     // field adds nothing.
     EXPECT_EQ(stored(), QStringLiteral("Berlin|Bonn|berlin"));
+    // A text with a pipe sign, set by code, becomes two entries.
+    field()->setFocus();
+    txt->setText(QStringLiteral("Kiel|Köln"));
+    leave();
+    EXPECT_EQ(stored(), QStringLiteral("Berlin|Bonn|berlin|Kiel|Köln"));
     // The history belongs to the name, not to the form.
     EXPECT_EQ(RegGetApp(QStringLiteral("EntryWizard"), QStringLiteral("frmTest"), QString()),
               QString());
