@@ -2,10 +2,10 @@
 
 #include "FakePopupLoop.h"
 #include "TxtFixture.h"
-#include "support/QtPrinters.h"
 #include "foundation/Zentral.h"
 #include "host/hooks/Hooks.h"
 #include "host/hooks/WindowHandle.h"
+#include "support/QtPrinters.h"
 #include "textentry/EntryHistory.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/Uebergabe.h"
