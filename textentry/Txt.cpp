@@ -886,16 +886,27 @@ QString Txt::Text_en() const {
     return IsGerman() ? d->text.en() : d->txtText->text();
 }
 
+namespace {
+
+// The first max code units of a text (all of it for max 0), never half a surrogate pair.
+QString cutTo(const QString& text, qint32 max) {
+    if (max <= 0 || text.size() <= max) {
+        return text;
+    }
+    const bool splitsPair = text.at(max - 1).isHighSurrogate() && text.at(max).isLowSurrogate();
+    return text.left(splitsPair ? max - 1 : max);
+}
+
+}  // namespace
+
 void Txt::setText_de(const QString& text) {
-    const qint32 max = d->txtText->MaxLength();
-    const QString value = (max > 0 && text.size() > max) ? text.left(max) : text;
+    const QString value = cutTo(text, d->txtText->MaxLength());
     letPairDe(d->text, value, QStringLiteral("Text"),
               [this](const QString&) { showCurrentText(); });
 }
 
 void Txt::setText_en(const QString& text) {
-    const qint32 max = d->txtText->MaxLength();
-    const QString value = (max > 0 && text.size() > max) ? text.left(max) : text;
+    const QString value = cutTo(text, d->txtText->MaxLength());
     letPairEn(d->text, value, QStringLiteral("Text"),
               [this](const QString&) { showCurrentText(); });
 }
@@ -984,10 +995,10 @@ qint32 Txt::MaxLength() const {
 }
 
 void Txt::setMaxLength(qint32 length) {
+    const QString text = d->txtText->text();  // before the box cuts it by code units
     d->txtText->setMaxLengthProperty(length);
-    const QString text = d->txtText->text();
     if (text.size() > length) {
-        setText(text.left(std::max(length, 0)));
+        setText(length > 0 ? cutTo(text, length) : QString());
     }
     PropertyChanged(QStringLiteral("MaxLength"));
 }

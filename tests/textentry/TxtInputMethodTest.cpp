@@ -90,6 +90,13 @@ TEST_F(TxtInputTest, APairAtMaxLengthIsNeverHalfTaken) {
     field()->setSelection(3, 2);
     keyWithText(kGrin);
     EXPECT_EQ(field()->text(), QStringLiteral("abc") + kGrin);
+
+    // Text set by code and a shorter MaxLength cut before the pair, not through it.
+    txt->setProperty("Text", QStringLiteral("abcd") + kGrin);
+    EXPECT_EQ(field()->text(), QStringLiteral("abcd"));
+    txt->setProperty("Text", QStringLiteral("abc") + kGrin);
+    txt->setProperty("MaxLength", 4);
+    EXPECT_EQ(field()->text(), QStringLiteral("abc"));
 }
 
 }  // namespace
