@@ -11,8 +11,10 @@
 //                                 the first style, also on a US machine's, to
 //                                 DIR/<form>_localeUS_<language>.png; the choice form
 //                                 with the mouse over its controls, to
-//                                 DIR/auswahl_hover_<language>.png, and the language
-//                                 choice form, to DIR/sprachwahl_<language>.png
+//                                 DIR/auswahl_hover_<language>.png, the language choice
+//                                 form, to DIR/sprachwahl_<language>.png, and the text
+//                                 fields' drop-down list and history open, to
+//                                 DIR/dropdown_<language>.png and DIR/history_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -25,6 +27,7 @@
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
 #include "ProgressDemo.h"
+#include "TextPopupShots.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -278,6 +281,9 @@ int screenshots(const QString& dir) {
             if (base == u"frmDemo") {
                 failures += hintShots(*form, dir, language);
                 failures += dialogMenuShot(*form, dir, language);
+            }
+            if (base == u"frmTextTypes") {
+                failures += demo::TextPopupShots(*form, dir, language);
             }
             if (base == u"frmFortschritt") {
                 failures += demo::ProgressShots(*form, dir, language);

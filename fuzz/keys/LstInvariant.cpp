@@ -63,7 +63,8 @@ QString LstInvariant::after(const Step& step) {
         return QStringLiteral("the selection '") + selectedBefore_ + QStringLiteral("' became '") +
                selected + QStringLiteral("', which names no entry of %1").arg(rows);
     }
-    const bool byUser = step.kind == Step::Key || step.kind == Step::Mouse;
+    const bool byUser =
+        step.kind == Step::Key || step.kind == Step::Mouse || step.kind == Step::InputMethod;
     if (byUser && lockedBefore_ && selected != selectedBefore_) {
         return QStringLiteral("a locked list changed its selection");
     }
