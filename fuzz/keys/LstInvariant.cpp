@@ -44,22 +44,25 @@ QString LstInvariant::after(const Step& step) {
     const QString selected = list_->Selected();
     const QStringList tokens = selected.isEmpty() ? QStringList() : selected.split(u'|');
     const QSet<QString> named(tokens.cbegin(), tokens.cend());
+    const bool letsSelected =
+        step.kind == Step::Property && step.property == QStringLiteral("Selected");
+    // A new list is shown unmarked; a let of the selection marks exactly what it names.
+    const bool marksAnew =
+        letsSelected || (step.kind == Step::Property && step.property == QStringLiteral("Text"));
     for (int row = 0; row < rows; ++row) {
-        if (list_->rowMarked(row) != named.contains(QString::number(row + 1))) {
+        const bool marked = list_->rowMarked(row);
+        if (marked != named.contains(QString::number(row + 1)) && (marked || marksAnew)) {
             return QStringLiteral("row %1 is shown %2 for the selection '")
                        .arg(row + 1)
-                       .arg(list_->rowMarked(row) ? QStringLiteral("marked")
-                                                  : QStringLiteral("unmarked")) +
+                       .arg(marked ? QStringLiteral("marked") : QStringLiteral("unmarked")) +
                    selected + QStringLiteral("'");
         }
     }
-    const bool setsSelected =
-        step.kind == Step::Property && step.property == QStringLiteral("Selected");
-    if (setsSelected && selected != step.value.toString()) {
+    if (letsSelected && selected != step.value.toString()) {
         return QStringLiteral("the selection '") + step.value.toString() +
                QStringLiteral("' reads back as '") + selected + QStringLiteral("'");
     }
-    if (!setsSelected && namedEntriesBefore_ && !namesEntries(selected, rows)) {
+    if (!letsSelected && namedEntriesBefore_ && !namesEntries(selected, rows)) {
         return QStringLiteral("the selection '") + selectedBefore_ + QStringLiteral("' became '") +
                selected + QStringLiteral("', which names no entry of %1").arg(rows);
     }
