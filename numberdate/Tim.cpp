@@ -39,7 +39,7 @@ Tim::Tim(QWidget* parent)
     placeField(DatePart::Hour, 30);
     placeLabel(d->desTrenn1, 530, 100);
     placeField(DatePart::Minute, 630);
-    placeLabel(d->desAMPM, 1130, 300);
+    placeLabel(d->desAMPM, 1160, 270);
     orderFields({DatePart::Hour, DatePart::Minute});
     showNumber(DatePart::Hour, 0);
     showNumber(DatePart::Minute, 0);

@@ -22,8 +22,8 @@ constexpr qint32 kSeparatorWidth = 100;
 constexpr qint32 kHourLeft = 2010;
 constexpr qint32 kTimeSeparatorLeft = 2510;
 constexpr qint32 kMinuteLeft = 2610;
-constexpr qint32 kAmPmLeft = 3120;
-constexpr qint32 kAmPmWidth = 330;
+constexpr qint32 kAmPmLeft = 3150;
+constexpr qint32 kAmPmWidth = 300;
 
 // Focus targets of Home, End, Left and Right; one letter per date order (day first,
 // month first, year first): D day, M month, Y year, h hour, n minute, - no move.
