@@ -24,6 +24,7 @@
 #include "host/platform/MessageBox.h"
 #include "host/platform/Sleeper.h"
 #include "numberdate/DateEntryAccessible.h"
+#include "numberdate/SpinScroller.h"
 #include "textentry/FocusFrame.h"
 #include "textentry/TextBoxMenu.h"
 
@@ -31,8 +32,6 @@ namespace vorelle {
 
 namespace {
 
-// The spin scrollers rest at this value.
-constexpr int kSpinRest = 100;
 // Places within the control, in twips.
 constexpr qint32 kFieldTop = 30;
 constexpr qint32 kFieldHeight = 270;
@@ -136,7 +135,7 @@ class DateEntryPrivate {
 public:
     struct Slot {
         EntryField* text = nullptr;
-        QScrollBar* spin = nullptr;
+        SpinScroller* spin = nullptr;
         int value = 0;
     };
     std::array<Slot, kPartCount> parts;
@@ -148,7 +147,6 @@ public:
     bool regSave = true;
     QString toolTipDe;
     QString toolTipEn;
-    bool spinResting = false;
     // A field is taking the focus back: the field it passes through is not checked.
     bool refusing = false;
     QPointer<Form> parentForm;
@@ -191,11 +189,8 @@ DateEntry::~DateEntry() {
 
 void DateEntry::addField(DatePart part, const QString& textName, const QString& spinName) {
     auto& slot = d->parts.at(indexOf(part));
-    slot.spin = new QScrollBar(Qt::Vertical, this);
+    slot.spin = new SpinScroller(this);
     slot.spin->setObjectName(spinName);
-    slot.spin->setRange(kSpinRest - 1, kSpinRest + 1);
-    slot.spin->setValue(kSpinRest);
-    slot.spin->setFocusPolicy(Qt::NoFocus);
     slot.text = new EntryField(this);
     slot.text->setObjectName(textName);
     slot.text->setFrame(false);
@@ -217,8 +212,8 @@ void DateEntry::addField(DatePart part, const QString& textName, const QString& 
             [this, part](int button, int, float, float) { onMouseDown(part, button); });
     connect(slot.text, &EntryField::MouseUp, this,
             [this, part](int button, int, float, float) { onMouseUp(part, button); });
-    connect(slot.spin, &QScrollBar::valueChanged, this,
-            [this, part](int value) { onSpin(part, value); });
+    connect(slot.spin, &SpinScroller::Step, this,
+            [this, part](int direction) { onSpin(part, direction); });
 }
 
 QLabel* DateEntry::addLabel(const QString& name) {
@@ -560,18 +555,12 @@ void DateEntry::onMouseUp(DatePart part, int Button) {
     }
 }
 
-void DateEntry::onSpin(DatePart part, int value) {
-    if (d->spinResting || value == kSpinRest) {
-        return;
-    }
-    number(part) += value > kSpinRest ? -1 : 1;
+void DateEntry::onSpin(DatePart part, int direction) {
+    number(part) += direction;
     normalise();
     EntryField* f = field(part);
     f->setFocus();
     selectWhole(f);
-    d->spinResting = true;
-    spin(part)->setValue(kSpinRest);
-    d->spinResting = false;
 }
 
 bool DateEntry::eventFilter(QObject* watched, QEvent* event) {

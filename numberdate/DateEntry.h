@@ -218,7 +218,7 @@ private:
     void onKeyPress(DatePart part, int& KeyAscii);
     void onMouseDown(DatePart part, int Button);
     void onMouseUp(DatePart part, int Button);
-    void onSpin(DatePart part, int value);
+    void onSpin(DatePart part, int direction);
     void onFocusMoved(QWidget* now);
     void typeDigit(DatePart part, int& KeyAscii);
     void complete(DatePart part, int value);
