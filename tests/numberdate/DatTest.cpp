@@ -1,5 +1,6 @@
 #include <QAccessible>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <random>
 
 #include "DateFixture.h"
@@ -108,11 +109,21 @@ TEST_F(DatTest, NumPlusTakesTodayAndMovesRightAndTheWheelAndScrollersStep) {
     EXPECT_EQ(focused(), field(DatePart::Month));
     EXPECT_EQ(ctl->Datum(), QStringLiteral("05.06.1999"));
 
-    // The wheel reaches the field as a left-button release with a direction noted.
-    MouseWheelDirection() = 1;
-    QTest::mouseRelease(field(DatePart::Month), Qt::LeftButton);
+    // The hooked field takes the wheel as a step of its own part.
+    auto turn = [this](DatePart part, int angle) {
+        QWheelEvent wheel(QPointF(5, 5), field(part)->mapToGlobal(QPointF(5, 5)), QPoint(),
+                          QPoint(0, angle), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(field(part), &wheel);
+    };
+    turn(DatePart::Month, 120);
     EXPECT_EQ(ctl->Datum(), QStringLiteral("05.07.1999"));
+    turn(DatePart::Year, -120);
+    turn(DatePart::Year, -120);
+    EXPECT_EQ(ctl->Datum(), QStringLiteral("05.07.1997"));
     EXPECT_EQ(MouseWheelDirection(), 0);
+    turn(DatePart::Year, 120);
+    EXPECT_EQ(ctl->Datum(), QStringLiteral("05.07.1998"));
+    turn(DatePart::Year, 120);
 
     // A scroller moved down is one less; it returns to its rest.
     ctl->spin(DatePart::Year)->setValue(101);

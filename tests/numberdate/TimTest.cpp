@@ -127,6 +127,24 @@ TEST_F(TimTest, TwelveHourLocaleShowsAmPmAndAClickTurnsItOver) {
     EXPECT_EQ(ctl->Zeit(), QStringLiteral("05:10"));
 }
 
+TEST_F(TimTest, LockedKeepsKeysOutAndLoadingTakesTheStoredTime) {
+    make({{QStringLiteral("Zeit"), QStringLiteral("08:00")}});
+    const QString name = ctl->ControlName() + QStringLiteral(".Zeit");
+    RegSet(ctl->ModuleAppName(), QStringLiteral("frmTest"), name, QStringLiteral("23:15"));
+    changes = 0;
+    ctl->RegLoading();
+    EXPECT_EQ(ctl->Zeit(), QStringLiteral("23:15"));
+    EXPECT_GT(changes, 0);
+    ctl->setLocked(true);
+    key(DatePart::Minute, Qt::Key_Up);
+    type(DatePart::Hour, QStringLiteral("07"));
+    RegSet(ctl->ModuleAppName(), QStringLiteral("frmTest"), name, QStringLiteral("01:00"));
+    ctl->RegLoading();  // a locked control loads nothing
+    EXPECT_EQ(ctl->Zeit(), QStringLiteral("23:15"));
+    EXPECT_FALSE(ctl->spin(DatePart::Hour)->isVisible());
+    EXPECT_EQ(ctl->Status2_en(), QStringLiteral("Entryfield for time in format 'hh:mm'. "));
+}
+
 TEST_F(TimTest, ScrollersStepAndRest) {
     make({{QStringLiteral("Zeit"), QStringLiteral("08:00")}});
     ctl->spin(DatePart::Minute)->setValue(101);

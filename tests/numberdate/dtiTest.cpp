@@ -106,6 +106,20 @@ TEST_F(DtiTest, TypingRunsFromTheDayToTheMinuteAndLeavingChecksAll) {
     EXPECT_EQ(ctl->Width(), 3570);
 }
 
+TEST_F(DtiTest, LeavingStoresTheValueWithItsSlash) {
+    make({{QStringLiteral("DatumZeit"), QStringLiteral("24.12.2010 18:30")}});
+    leave();
+    const QString name = ctl->ControlName() + QStringLiteral(".DatumZeit");
+    EXPECT_EQ(RegGet(ctl->ModuleAppName(), QStringLiteral("frmTest"), name, QString()),
+              QStringLiteral("24.12.2010/18:30"));
+    RegSet(ctl->ModuleAppName(), QStringLiteral("frmTest"), name, QStringLiteral("nichts"));
+    ctl->RegLoading();
+    EXPECT_EQ(box.shown.size(), 1);
+    EXPECT_EQ(ctl->DatumZeit(), QStringLiteral("24.12.2010/18:30"));
+    EXPECT_EQ(ctl->save().ReadProperty(QStringLiteral("DatumZeit"), QString()).toString(),
+              QStringLiteral("24.12.2010/18:30"));
+}
+
 TEST_F(DtiTest, UsLocalePutsTheMonthFirstAndShowsAmPm) {
     locale.locale = FakeLocale::unitedStates();
     make({{QStringLiteral("DatumZeit"), QStringLiteral("04.07.1999/18:05")}});
