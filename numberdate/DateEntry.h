@@ -168,8 +168,7 @@ protected:
     /// Stores the value (registry).
     virtual void RegSavingValue() = 0;
 
-    /// Reads the properties common to the date controls in the order the derived class
-    /// gives; subscribes to the parent form's Load.
+    /// Subscribes to the parent form's Load in run mode; the first step of ReadProperties.
     void readCommonStart();
     /// Reads ForeColor, BackColor, Font, the tooltips, Enabled, Locked and RegSave.
     void readCommonProperties(const PropertyBag& bag);
