@@ -39,7 +39,8 @@ Tim::Tim(QWidget* parent)
     placeField(DatePart::Hour, 30);
     placeLabel(d->desTrenn1, 530, 100);
     placeField(DatePart::Minute, 630);
-    placeLabel(d->desAMPM, 1160, 270);
+    placeLabel(d->desAMPM, 1150, 310);
+    d->desAMPM->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     orderFields({DatePart::Hour, DatePart::Minute});
     showNumber(DatePart::Hour, 0);
     showNumber(DatePart::Minute, 0);
