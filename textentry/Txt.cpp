@@ -22,6 +22,8 @@
 #include "textentry/SymbolPicture.h"
 #include "textentry/TextBoxMenu.h"
 #include "textentry/Txt_p.h"
+#include "textentry/frmDropDownList.h"
+#include "textentry/frmEntryWizard.h"
 
 namespace vorelle {
 
@@ -142,6 +144,7 @@ Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>(
 
     connect(d->txtText, &EntryField::KeyDown, this, &Txt::onKeyDown);
     connect(d->txtText, &EntryField::KeyPress, this, &Txt::onKeyPress);
+    connect(d->txtText, &EntryField::TextInput, this, &Txt::onTextInput);
     connect(d->txtText, &EntryField::Change, this, &Txt::onChange);
     connect(d->txtText, &EntryField::MouseDown, this, &Txt::onMouseDown);
     connect(d->txtText, &EntryField::MouseMove, this, &Txt::onMouseMove);
@@ -162,8 +165,8 @@ Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>(
     }
     connect(d->picEntryWizardMouseOver, &SymbolPicture::Click, this, [this] { openEntryWizard(); });
     connect(d->picPassMouseOver, &SymbolPicture::Click, this, [this] { openPasswordGenerator(); });
-    connect(d->picDropdownMouseOver, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
-    connect(d->picDropdownAddMouseOver, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
+    connect(d->picDropdownMouseOver, &SymbolPicture::Click, this, &Txt::dropDownClick);
+    connect(d->picDropdownAddMouseOver, &SymbolPicture::Click, this, &Txt::dropDownClick);
 }
 
 Txt::~Txt() {
@@ -360,6 +363,9 @@ void Txt::EnterFocus() {
 }
 
 void Txt::ExitFocus() {
+    if (frmDropDownList::loaded() || frmEntryWizard::loaded()) {
+        return;  // a modal pop-up of the field has the focus for a while
+    }
     const QString text = d->txtText->text();
     if (!text.isEmpty() && !d->rules.ValidCharAnz().isEmpty() && !d->rules.passesOnLeave(text)) {
         // The box runs a modal loop: its handlers may delete this control.
@@ -468,6 +474,51 @@ void Txt::onKeyPress(int& KeyAscii) {
         return;
     }
     emit KeyPress(KeyAscii);
+}
+
+// Text from an input method, or a character beyond one code unit: each character goes
+// through the filters of a typed key, a surrogate pair as one.
+void Txt::onTextInput(QString& text) {
+    const QString typed = text;
+    text.clear();
+    const QPointer<Txt> self(this);
+    const QString current = d->txtText->text();
+    const qint32 selStart = d->txtText->SelStart();
+    const QString before = current.left(selStart);
+    const QString after = current.mid(selStart + d->txtText->SelLength());
+    for (const char32_t c : typed.toUcs4()) {
+        int code = static_cast<int>(c);
+        if (isPasswordField()) {
+            passwordKeyPress(code);
+            continue;
+        }
+        if (code < 32 || code == 127) {
+            continue;  // control characters come as keys
+        }
+        code = d->rules.filter(code, before + text + after,
+                               selStart + static_cast<qint32>(text.size()));
+        if (code == 0) {
+            continue;
+        }
+        if (code == 124) {
+            if (PipeRefused(d->parentForm.data())) {
+                if (!self) {
+                    return;
+                }
+                continue;
+            }
+        } else {
+            emit KeyPress(code);
+            if (!self) {
+                return;
+            }
+            if (code <= 0) {
+                continue;
+            }
+        }
+        const auto accepted = static_cast<char32_t>(code);
+        text += QString::fromUcs4(&accepted, 1);
+    }
 }
 
 void Txt::onChange() {

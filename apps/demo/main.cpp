@@ -9,7 +9,9 @@
 //                                 DIR/progress_<percent>_<language>.png, and a form with
 //                                 demoLocales on a German machine's number format and, in
 //                                 the first style, also on a US machine's, to
-//                                 DIR/<form>_localeUS_<language>.png
+//                                 DIR/<form>_localeUS_<language>.png; the text fields'
+//                                 drop-down list and history open, to
+//                                 DIR/dropdown_<language>.png and DIR/history_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -21,6 +23,7 @@
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
 #include "ProgressDemo.h"
+#include "TextPopupShots.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -277,6 +280,9 @@ int screenshots(const QString& dir) {
             if (base == u"frmDemo") {
                 failures += hintShots(*form, dir, language);
                 failures += dialogMenuShot(*form, dir, language);
+            }
+            if (base == u"frmTextTypes") {
+                failures += demo::TextPopupShots(*form, dir, language);
             }
             if (base == u"frmFortschritt") {
                 failures += demo::ProgressShots(*form, dir, language);
