@@ -21,6 +21,7 @@
 #include "host/form/Form.h"
 #include "host/hooks/Hooks.h"
 #include "host/input/VirtualKeys.h"
+#include "host/platform/PopupMenu.h"
 #include "host/platform/Sleeper.h"
 #include "keys/EntryKind.h"
 #include "support/FuzzDoubles.h"
@@ -111,10 +112,11 @@ const SpecialKey kSpecialKeys[] = {
 long long g_keystrokes = 0;
 long long g_inputs = 0;
 long long g_popups = 0;
+long long g_menus = 0;
 
 void report() {
-    std::fprintf(stderr, "== keys: %lld keystrokes in %lld inputs, %lld pop-ups\n", g_keystrokes,
-                 g_inputs, g_popups);
+    std::fprintf(stderr, "== keys: %lld keystrokes in %lld inputs, %lld pop-ups, %lld menus\n",
+                 g_keystrokes, g_inputs, g_popups, g_menus);
 }
 
 int qtKeyOf(QChar c) {
@@ -141,6 +143,27 @@ const QStringList kCommits = {
 class NoSleeper : public Sleeper {
 public:
     void sleep(int) override {}
+};
+
+// Answers a right-click menu with the next byte of the input: no choice, or one of its
+// rows that a user could choose (neither greyed nor a separator nor a submenu's head).
+class ScriptedMenu : public PopupMenu {
+public:
+    ByteReader* in = nullptr;
+
+    int exec(const QString&, const QList<MenuRow>& rows, const QPoint&, QWidget*) override {
+        ++g_menus;
+        if (!in || in->atEnd()) {
+            return 0;
+        }
+        const int row = in->byte() % (rows.size() + 1);
+        if (row == 0) {
+            return 0;
+        }
+        const MenuRow& chosen = rows.at(row - 1);
+        const bool choosable = !chosen.submenu && !(chosen.flags & (MenuGrayed | MenuSeparator));
+        return choosable ? row : 0;
+    }
 };
 
 // Shows a pop-up of a field and drives it with the next bytes of the input, the way a
@@ -241,6 +264,7 @@ public:
     void run(ByteReader& in) {
         ++g_inputs;
         popups_.in = &in;
+        menu_.in = &in;
         for (Control& c : controls_) {
             c.kind->reset(c.widget);
         }
@@ -504,6 +528,8 @@ private:
     Sleeper* previousSleeper_ = Sleeper::setInstance(&sleeper_);
     ScriptedPopups popups_;
     ScopedService<PopupLoop> popupScope_{popups_};
+    ScriptedMenu menu_;
+    ScopedService<PopupMenu> menuScope_{menu_};
     Form form_;
     QLineEdit* other_ = nullptr;
     std::vector<Control> controls_;
