@@ -21,6 +21,7 @@
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
 #include "ProgressDemo.h"
+#include "TextShots.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -277,6 +278,9 @@ int screenshots(const QString& dir) {
             }
             if (base == u"frmFortschritt") {
                 failures += demo::ProgressShots(*form, dir, language);
+            }
+            if (base == u"frmTextTypes") {
+                failures += demo::TextShots(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.

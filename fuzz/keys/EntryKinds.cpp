@@ -1,14 +1,21 @@
 #include "keys/EntryKind.h"
 
+#include <QApplication>
+#include <QTimer>
+
 #include "display/Cmd.h"
 #include "host/form/Form.h"
 #include "host/frame/PropertyBag.h"
 #include "host/input/EntryField.h"
+#include "host/input/MultilineField.h"
 #include "keys/CmdInvariant.h"
+#include "keys/MltInvariant.h"
 #include "keys/NumInvariant.h"
 #include "keys/TxtInvariant.h"
 #include "numberdate/Num.h"
 #include "textentry/Txt.h"
+#include "textentry/frmEnlargeMultilineText.h"
+#include "textentry/mlt.h"
 
 namespace vorelle::fuzz {
 
@@ -112,10 +119,56 @@ EntryKind cmdKind() {
     return kind;
 }
 
+// The multi-line field. Ctrl+E opens its enlarged copy, a modal window: a zero timer
+// closes it as soon as its loop runs, which leaves the field as it was.
+EntryKind mltKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("mlt");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* control = new mlt(&form);
+        control->setObjectName(QStringLiteral("mltFuzz"));
+        control->startFrom(PropertyBag());
+        control->setHeight(450);  // two lines: the fuzz form gives each control 40 pixels
+        auto* closer = new QTimer(control);
+        QObject::connect(closer, &QTimer::timeout, closer, [] {
+            if (auto* copy =
+                    qobject_cast<frmEnlargeMultilineText*>(QApplication::activeModalWidget())) {
+                copy->close();
+            }
+        });
+        closer->start(0);
+        return control;
+    };
+    kind.keyTarget = [](QWidget* control) -> QWidget* {
+        return static_cast<mlt*>(control)->field();
+    };
+    kind.properties = {QStringLiteral("Text"),        QStringLiteral("ValidChars"),
+                       QStringLiteral("MaxLength"),   QStringLiteral("TypingBehavior"),
+                       QStringLiteral("CharReplace"), QStringLiteral("ValidCharAnz"),
+                       QStringLiteral("Locked"),      QStringLiteral("Enabled"),
+                       QStringLiteral("Alignment")};
+    kind.reset = [](QWidget* control) {
+        auto* field = static_cast<mlt*>(control);
+        field->setValidCharAnz(QString());
+        field->setEnabledProperty(true);
+        field->setLocked(false);
+        field->setValidChars(QString());
+        field->setCharReplace(QString());
+        field->setTypingBehavior(0);
+        field->setAlignment(0);
+        field->setMaxLength(mlt::kDefaultMaxLength);
+        field->setText(QString());
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<MltInvariant>(static_cast<mlt*>(control));
+    };
+    return kind;
+}
+
 }  // namespace
 
 const QList<EntryKind>& EntryKinds() {
-    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind()};
+    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind(), mltKind()};
     return kinds;
 }
 
