@@ -69,9 +69,8 @@ frmGenPassword::frmGenPassword(QWidget* parent)
     };
     d->des1 = place<des>(this, "des1", QRect(15, 12, 360, 34));
     d->des1->setWordWrap(true);
-    caption(d->des1,
-            QStringLiteral("Ein zufälliges Passwort aus den Bewegungen der Maus erzeugen."),
-            QStringLiteral("Make a random password from the movements of the mouse."));
+    caption(d->des1, QStringLiteral("Ein Zufallspasswort aus Mausbewegungen."),
+            QStringLiteral("A random password from mouse movements."));
     d->des2 = place<des>(this, "des2", QRect(15, 58, 190, 20));
     caption(d->des2, QStringLiteral("Anzahl Zeichen:"), QStringLiteral("Number of characters:"));
     d->numAnzahlZeichen = place<Num>(this, "numAnzahlZeichen", QRect(210, 56, 70, 22));
@@ -86,6 +85,7 @@ frmGenPassword::frmGenPassword(QWidget* parent)
     terminal.setPointSize(12);
     terminal.setBold(true);
     terminal.setStyleHint(QFont::TypeWriter);
+    terminal.setStyleStrategy(QFont::ForceOutline);  // a bitmap face would not scale
     d->desPassword->setFontProperty(terminal);
     d->cmdPasswortGenerieren = place<Cmd>(this, "cmdPasswortGenerieren", QRect(15, 162, 175, 30));
     d->cmdPasswortGenerieren->setButtonType(QStringLiteral("Aktualisieren"));
