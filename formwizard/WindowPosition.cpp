@@ -169,6 +169,17 @@ QString headerKey(QObject* header, int index) {
     return key.isEmpty() ? QStringLiteral("Col%1").arg(index) : key;
 }
 
+// Calls visit(header, its store key) for each column header of a list view.
+template <typename Visit>
+void forEachListHeader(QObject* control, const QString& key, Visit visit) {
+    QObject* headers = objectOf(LateGet(control, "ColumnHeaders"));
+    const int count = countOf(headers).value_or(0);
+    for (int i = 1; i <= count; ++i) {
+        QObject* header = itemOf(headers, i);
+        visit(header, key + QStringLiteral("\\Headers\\") + headerKey(header, i));
+    }
+}
+
 void saveControl(const QString& prog, const QString& formKey, QObject* control, bool isInit) {
     const QString type = typeNameOf(control);
     if (isSkipped(type) || control->objectName().isEmpty()) {
@@ -194,14 +205,10 @@ void saveControl(const QString& prog, const QString& formKey, QObject* control, 
             }
         }
     } else if (isListView(type)) {
-        QObject* headers = objectOf(LateGet(control, "ColumnHeaders"));
-        const int count = countOf(headers).value_or(0);
-        for (int i = 1; i <= count; ++i) {
-            QObject* header = itemOf(headers, i);
-            const QString sub = key + QStringLiteral("\\Headers\\") + headerKey(header, i);
+        forEachListHeader(control, key, [&](QObject* header, const QString& sub) {
             saveMember(prog, sub, QStringLiteral("Position"), header, "Position");
             saveMember(prog, sub, QStringLiteral("Width"), header, "Width");
-        }
+        });
     }
 }
 
@@ -244,14 +251,10 @@ void loadControl(const QString& prog, const QString& formKey, QObject* control) 
                        QStringLiteral("1800"));
         }
     } else if (isListView(type)) {
-        QObject* headers = objectOf(LateGet(control, "ColumnHeaders"));
-        const int count = countOf(headers).value_or(0);
-        for (int i = 1; i <= count; ++i) {
-            QObject* header = itemOf(headers, i);
-            const QString sub = key + QStringLiteral("\\Headers\\") + headerKey(header, i);
+        forEachListHeader(control, key, [&](QObject* header, const QString& sub) {
             loadMember(prog, sub, QStringLiteral("Position"), header, "Position", kDefaultValue);
             loadMember(prog, sub, QStringLiteral("Width"), header, "Width", kDefaultValue);
-        }
+        });
     }
 }
 
