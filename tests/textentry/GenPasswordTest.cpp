@@ -9,6 +9,7 @@
 #include "foundation/Binaer.h"
 #include "foundation/RegStore.h"
 #include "numberdate/Num.h"
+#include "textentry/PopupPlacement.h"
 #include "textentry/frmGenPassword.h"
 
 namespace vorelle::test {
@@ -108,6 +109,20 @@ TEST_F(GenPasswordTest, LengthIsBetweenFourAndTwenty) {
     EXPECT_EQ(form.lengthChooser()->Zahl(), 8);
     EXPECT_EQ(form.lengthChooser()->Min(), 4);
     EXPECT_EQ(form.lengthChooser()->Max(), 20);
+}
+
+// The pop-up forms open centred on their field and are moved onto the work area: right,
+// bottom, top, left in this order, so a form too large keeps its top left corner in view.
+TEST(PopupPlacement, CentredOnTheFieldAndKeptOnTheWorkArea) {
+    const QRect work(0, 0, 1000, 800);
+    const QSize size(200, 100);
+    EXPECT_EQ(PlaceCentredOn(QRect(400, 300, 100, 20), size, work), QRect(350, 260, 200, 100));
+    EXPECT_EQ(PlaceCentredOn(QRect(950, 790, 40, 20), size, work).bottomRight(), QPoint(999, 799));
+    EXPECT_EQ(PlaceCentredOn(QRect(-50, -30, 40, 20), size, work).topLeft(), QPoint(0, 0));
+    const QRect huge = PlaceCentredOn(QRect(500, 400, 10, 10), QSize(1200, 900), work);
+    EXPECT_EQ(huge.topLeft(), QPoint(0, 0));
+    EXPECT_EQ(huge.size(), QSize(1200, 900));
+    EXPECT_EQ(PlaceCentredOn(QRect(10, 10, 20, 20), size, QRect()).center(), QPoint(19, 19));
 }
 
 }  // namespace
