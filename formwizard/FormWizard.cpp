@@ -912,6 +912,18 @@ void FormWizard::SetDialogStyle(const QString& dStyle) {
     d->drawStatus1();
 }
 
+namespace {
+
+// Whether a text field's entry history pop-up is up: its owner keeps tracking meanwhile.
+bool entryWizardShown() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.cbegin(), windows.cend(), [](const QWidget* window) {
+        return window->objectName() == QLatin1String("frmEntryWizard") && window->isVisible();
+    });
+}
+
+}  // namespace
+
 void FormWizard::TimerMouseEvent_Timer() {
     if (d->timer->interval() != kTickInterval && d->timer->isActive()) {
         d->timer->setInterval(kTickInterval);  // on the common step from now on
@@ -924,7 +936,7 @@ void FormWizard::TimerMouseEvent_Timer() {
     if (!form) {
         return;
     }
-    if (!form->isEnabled()) {
+    if (!form->isEnabled() && !entryWizardShown()) {
         ToolTipHide();
         CaptionExpandHide();
         pumpMessages();

@@ -5,8 +5,10 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMetaProperty>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -19,9 +21,13 @@
 #include "host/form/Form.h"
 #include "host/hooks/Hooks.h"
 #include "host/input/VirtualKeys.h"
+#include "host/platform/Sleeper.h"
 #include "keys/EntryKind.h"
 #include "support/FuzzDoubles.h"
 #include "support/FuzzHost.h"
+#include "textentry/PopupLoop.h"
+#include "textentry/SymbolPicture.h"
+#include "textentry/Txt.h"
 
 using namespace vorelle;
 using namespace vorelle::fuzz;
@@ -98,9 +104,11 @@ const SpecialKey kSpecialKeys[] = {
 
 long long g_keystrokes = 0;
 long long g_inputs = 0;
+long long g_popups = 0;
 
 void report() {
-    std::fprintf(stderr, "== keys: %lld keystrokes in %lld inputs\n", g_keystrokes, g_inputs);
+    std::fprintf(stderr, "== keys: %lld keystrokes in %lld inputs, %lld pop-ups\n", g_keystrokes,
+                 g_inputs, g_popups);
 }
 
 int qtKeyOf(QChar c) {
@@ -113,6 +121,91 @@ bool trace() {
     static const bool on = qEnvironmentVariableIsSet("VORELLE_FUZZ_TRACE");
     return on;
 }
+
+// Text that an input method commits: characters of the alphabet, beyond one 16-bit code
+// (an emoji, a letter with a case of its own beyond the basic plane) or both.
+const QStringList kCommits = {
+    QStringLiteral("\U0001F600"),
+    QStringLiteral("\U00010428"),
+    QStringLiteral("a\U0001F600b"),
+    QStringLiteral("|"),
+};
+
+// Waits cost nothing: the receipts and pauses of the controls are not waited for.
+class NoSleeper : public Sleeper {
+public:
+    void sleep(int) override {}
+};
+
+// Shows a pop-up of a field and drives it with the next bytes of the input, the way a
+// user would: keys in its list, clicks on its rows; what is still open at the end is
+// closed with Esc.
+class ScriptedPopups : public PopupLoop {
+public:
+    ByteReader* in = nullptr;
+
+    void run(QWidget* popup, QWidget*) override {
+        ++g_popups;
+        const QPointer<QWidget> guard(popup);
+        popup->show();
+        auto* list = popup->findChild<QListWidget*>();
+        for (int i = 0; i < 8 && guard && guard->isVisible() && list && in && !in->atEnd(); ++i) {
+            const uint8_t b = in->byte();
+            switch (b % 8) {
+                case 0:
+                    key(list, Qt::Key_Down, Qt::NoModifier, QString());
+                    break;
+                case 1:
+                    key(list, Qt::Key_Up, Qt::NoModifier, QString());
+                    break;
+                case 2:
+                    key(list, Qt::Key_Minus, Qt::KeypadModifier, QStringLiteral("-"));
+                    break;
+                case 3:
+                    key(list, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+                    break;
+                case 4:
+                    key(list, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+                    break;
+                case 5:
+                    key(list, Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b"));
+                    break;
+                default:
+                    mouse(list, b);
+                    break;
+            }
+        }
+        if (guard && guard->isVisible() && list) {
+            key(list, Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b"));
+        }
+    }
+
+private:
+    static void key(QWidget* to, int k, Qt::KeyboardModifiers mods, const QString& text) {
+        QKeyEvent down(QEvent::KeyPress, k, mods, text);
+        QApplication::sendEvent(to, &down);
+    }
+    // A move over a row (b 6) or a click on it with the left or right button (b 7).
+    static void mouse(QListWidget* list, uint8_t b) {
+        const int rows = list->count();
+        QWidget* viewport = list->viewport();
+        const QPointF at(
+            4, rows > 0 ? list->visualItemRect(list->item((b >> 3) % rows)).center().y() : 4);
+        const QPointF global = viewport->mapToGlobal(at);
+        if (b % 8 == 6) {
+            QMouseEvent move(QEvent::MouseMove, at, global, Qt::NoButton,
+                             (b & 0x80) ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+            QApplication::sendEvent(viewport, &move);
+            return;
+        }
+        const Qt::MouseButton button = (b & 0x80) ? Qt::RightButton : Qt::LeftButton;
+        QMouseEvent press(QEvent::MouseButtonPress, at, global, button, button, Qt::NoModifier);
+        QApplication::sendEvent(viewport, &press);
+        QMouseEvent release(QEvent::MouseButtonRelease, at, global, button, Qt::NoButton,
+                            Qt::NoModifier);
+        QApplication::sendEvent(viewport, &release);
+    }
+};
 
 class Session {
 public:
@@ -137,8 +230,11 @@ public:
         form_.setUpdatesEnabled(false);
     }
 
+    ~Session() { Sleeper::setInstance(previousSleeper_); }
+
     void run(ByteReader& in) {
         ++g_inputs;
+        popups_.in = &in;
         for (Control& c : controls_) {
             c.kind->reset(c.widget);
         }
@@ -311,7 +407,7 @@ private:
                     control().target->setFocus();
                 }
             };
-        } else if (op < 240) {  // a property
+        } else if (op < 232) {  // a property
             s.kind = Step::Property;
             const EntryKind& kind = *control().kind;
             s.property = kind.properties.at(in.byte() % kind.properties.size());
@@ -321,6 +417,42 @@ private:
             s.value = valueFor(property, in);
             act = [this, &s] {
                 control().widget->setProperty(s.property.toLatin1().constData(), s.value);
+            };
+        } else if (op < 236) {  // text committed by an input method
+            s.kind = Step::InputMethod;
+            const uint8_t b = in.byte();
+            s.text = (b & 1) ? kCommits.at((b >> 1) % kCommits.size()) : in.text(kChars, 4);
+            act = [this, &s] {
+                QInputMethodEvent commit;
+                commit.setCommitString(s.text);
+                QApplication::sendEvent(keyReceiver(), &commit);
+            };
+        } else if (op < 240) {  // a click on the symbol of a field: its pop-up, if any
+            s.kind = Step::Popup;
+            act = [this] {
+                auto* txt = qobject_cast<Txt*>(control().widget);
+                if (!txt) {
+                    return;
+                }
+                for (const char* name : {"picDropdown", "picEntryWizard"}) {
+                    SymbolPicture* rest = txt->picture(QString::fromLatin1(name));
+                    SymbolPicture* hover =
+                        txt->picture(QString::fromLatin1(name) + QStringLiteral("MouseOver"));
+                    if (rest->isHidden()) {
+                        continue;
+                    }
+                    const QPointF at(4, 4);
+                    QMouseEvent move(QEvent::MouseMove, at, rest->mapToGlobal(at), Qt::NoButton,
+                                     Qt::NoButton, Qt::NoModifier);
+                    QApplication::sendEvent(rest, &move);
+                    QMouseEvent press(QEvent::MouseButtonPress, at, hover->mapToGlobal(at),
+                                      Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+                    QApplication::sendEvent(hover, &press);
+                    QMouseEvent release(QEvent::MouseButtonRelease, at, hover->mapToGlobal(at),
+                                        Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+                    QApplication::sendEvent(hover, &release);
+                    return;
+                }
             };
         } else if (op < 248) {  // the clipboard
             s.kind = Step::Clipboard;
@@ -362,6 +494,10 @@ private:
 
     MemoryRegistry store_;
     ScopedService<RegistryBackend> storeScope_{store_};
+    NoSleeper sleeper_;
+    Sleeper* previousSleeper_ = Sleeper::setInstance(&sleeper_);
+    ScriptedPopups popups_;
+    ScopedService<PopupLoop> popupScope_{popups_};
     Form form_;
     QLineEdit* other_ = nullptr;
     std::vector<Control> controls_;

@@ -11,6 +11,24 @@
 
 namespace vorelle {
 
+namespace {
+
+// The text of one character code; codes beyond 16 bits become a surrogate pair.
+QString characterText(int code) {
+    const auto c = static_cast<char32_t>(code);
+    return QString::fromUcs4(&c, 1);
+}
+
+// The code of the first character of a text, a surrogate pair taken whole.
+int firstCharacter(const QString& text) {
+    if (text.size() >= 2 && text.at(0).isHighSurrogate() && text.at(1).isLowSurrogate()) {
+        return static_cast<int>(QChar::surrogateToUcs4(text.at(0), text.at(1)));
+    }
+    return text.at(0).unicode();
+}
+
+}  // namespace
+
 CharRules::CharRules(QString wordLetters) : wordLetters_(std::move(wordLetters)) {}
 
 void CharRules::setCharReplace(const QString& rules) {
@@ -23,7 +41,7 @@ void CharRules::setCharReplace(const QString& rules) {
     for (const QString& item : TokenSplit(rules, QStringLiteral("|"))) {
         const QString right = TokenGet(item, eq, 2);
         if (!right.isEmpty()) {  // an item without a right part replaces nothing
-            replacements_.append({TokenGet(item, eq, 1), right.at(0)});
+            replacements_.append({TokenGet(item, eq, 1), firstCharacter(right)});
         }
     }
 }
@@ -50,28 +68,29 @@ int CharRules::replace(int keyAscii) const {
     if (replacements_.isEmpty()) {
         return keyAscii;
     }
-    const QChar c(static_cast<char16_t>(keyAscii));
+    const QString c = characterText(keyAscii);
     for (const auto& [left, right] : replacements_) {
-        if (left.size() == 1 && left.at(0) == c) {
-            return right.unicode();
+        if (left == c) {
+            return right;
         }
     }
     return keyAscii;
 }
 
 int CharRules::applyTyping(int keyAscii, const QString& text, int selStart) const {
-    const QChar c(static_cast<char16_t>(keyAscii));
+    const auto c = static_cast<char32_t>(keyAscii);
     switch (typingBehavior_) {
         case 1:
-            return c.toLower().unicode();
+            return static_cast<int>(QChar::toLower(c));
         case 2:
-            return c.toUpper().unicode();
+            return static_cast<int>(QChar::toUpper(c));
         case 3: {
             if (selStart <= 0 || selStart > text.size()) {
-                return c.toUpper().unicode();
+                return static_cast<int>(QChar::toUpper(c));
             }
             const QChar before = text.at(selStart - 1).toLower();
-            return wordLetters_.contains(before) ? c.toLower().unicode() : c.toUpper().unicode();
+            return static_cast<int>(wordLetters_.contains(before) ? QChar::toLower(c)
+                                                                  : QChar::toUpper(c));
         }
         default:
             return keyAscii;
@@ -79,10 +98,13 @@ int CharRules::applyTyping(int keyAscii, const QString& text, int selStart) cons
 }
 
 bool CharRules::isValid(int keyAscii) const {
-    return validChars_.isEmpty() || validChars_.contains(QChar(static_cast<char16_t>(keyAscii)));
+    return validChars_.isEmpty() || validChars_.contains(characterText(keyAscii));
 }
 
 bool CharRules::countAllows(int keyAscii, const QString& text) const {
+    if (keyAscii > 0xFFFF) {
+        return true;  // the rules name characters of one code unit
+    }
     const QChar c(static_cast<char16_t>(keyAscii));
     for (const Count& rule : counts_) {
         if (rule.character != c) {

@@ -22,6 +22,8 @@ namespace vorelle {
 ///   ValidCharAnz  "@=1|.>0": character, operator, number. While typing "=" refuses the
 ///                 n+1st, "<" the (n-1)st occurrence, ">" is not tested; on leaving the
 ///                 field "=" needs exactly n, ">" more than n, "<" fewer than n.
+/// A character code is a Unicode code point: one beyond 16 bits (an emoji, say) stands for
+/// its surrogate pair and is replaced, cased and tested as one character.
 class VORELLE_EXPORT CharRules {
 public:
     /// The letters after which TypingBehavior 3 forces lower case.
@@ -70,7 +72,7 @@ private:
 
     QString wordLetters_;
     QString charReplaceText_;
-    QList<std::pair<QString, QChar>> replacements_;
+    QList<std::pair<QString, int>> replacements_;
     QString validChars_;
     QString validCharAnzText_;
     QList<Count> counts_;

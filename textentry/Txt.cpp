@@ -24,6 +24,8 @@
 #include "textentry/SymbolPicture.h"
 #include "textentry/TextBoxMenu.h"
 #include "textentry/Txt_p.h"
+#include "textentry/frmDropDownList.h"
+#include "textentry/frmEntryWizard.h"
 #include "textentry/frmGenPassword.h"
 
 namespace vorelle {
@@ -169,6 +171,7 @@ Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>(
 
     connect(d->txtText, &EntryField::KeyDown, this, &Txt::onKeyDown);
     connect(d->txtText, &EntryField::KeyPress, this, &Txt::onKeyPress);
+    connect(d->txtText, &EntryField::TextInput, this, &Txt::onTextInput);
     connect(d->txtText, &EntryField::Change, this, &Txt::onChange);
     connect(d->txtText, &EntryField::MouseDown, this, &Txt::onMouseDown);
     connect(d->txtText, &EntryField::MouseMove, this, &Txt::onMouseMove);
@@ -189,8 +192,8 @@ Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>(
     }
     connect(d->picEntryWizardMouseOver, &SymbolPicture::Click, this, [this] { openEntryWizard(); });
     connect(d->picPassMouseOver, &SymbolPicture::Click, this, [this] { openPasswordGenerator(); });
-    connect(d->picDropdownMouseOver, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
-    connect(d->picDropdownAddMouseOver, &SymbolPicture::Click, this, [this] { ShowDropDown(); });
+    connect(d->picDropdownMouseOver, &SymbolPicture::Click, this, &Txt::dropDownClick);
+    connect(d->picDropdownAddMouseOver, &SymbolPicture::Click, this, &Txt::dropDownClick);
 }
 
 Txt::~Txt() {
@@ -387,6 +390,9 @@ void Txt::EnterFocus() {
 }
 
 void Txt::ExitFocus() {
+    if (frmDropDownList::loaded() || frmEntryWizard::loaded()) {
+        return;  // a modal pop-up of the field has the focus for a while
+    }
     const QString text = d->txtText->text();
     if (!text.isEmpty() && !d->rules.ValidCharAnz().isEmpty() && !d->rules.passesOnLeave(text)) {
         // The box runs a modal loop: its handlers may delete this control.
@@ -495,6 +501,51 @@ void Txt::onKeyPress(int& KeyAscii) {
         return;
     }
     emit KeyPress(KeyAscii);
+}
+
+// Text from an input method, or a character beyond one code unit: each character goes
+// through the filters of a typed key, a surrogate pair as one.
+void Txt::onTextInput(QString& text) {
+    const QString typed = text;
+    text.clear();
+    const QPointer<Txt> self(this);
+    const QString current = d->txtText->text();
+    const qint32 selStart = d->txtText->SelStart();
+    const QString before = current.left(selStart);
+    const QString after = current.mid(selStart + d->txtText->SelLength());
+    for (const char32_t c : typed.toUcs4()) {
+        int code = static_cast<int>(c);
+        if (isPasswordField()) {
+            passwordKeyPress(code);
+            continue;
+        }
+        if (code < 32 || code == 127) {
+            continue;  // control characters come as keys
+        }
+        code = d->rules.filter(code, before + text + after,
+                               selStart + static_cast<qint32>(text.size()));
+        if (code == 0) {
+            continue;
+        }
+        if (code == 124) {
+            if (PipeRefused(d->parentForm.data())) {
+                if (!self) {
+                    return;
+                }
+                continue;
+            }
+        } else {
+            emit KeyPress(code);
+            if (!self) {
+                return;
+            }
+            if (code <= 0) {
+                continue;
+            }
+        }
+        const auto accepted = static_cast<char32_t>(code);
+        text += QString::fromUcs4(&accepted, 1);
+    }
 }
 
 void Txt::onChange() {
@@ -746,11 +797,14 @@ void Txt::RegLoading() {
 
 void Txt::passwordKeyPress(int keyAscii) {
     if (keyAscii == 8) {
-        if (!d->plainPassword.isEmpty()) {
-            d->plainPassword.chop(1);
-        }
+        const QString& p = d->plainPassword;
+        // A character beyond one code unit goes whole.
+        const bool pair =
+            p.size() >= 2 && p.back().isLowSurrogate() && p.at(p.size() - 2).isHighSurrogate();
+        d->plainPassword.chop(pair ? 2 : 1);
     } else {
-        d->plainPassword += QChar(static_cast<char16_t>(keyAscii));
+        const auto code = static_cast<char32_t>(keyAscii);
+        d->plainPassword += QString::fromUcs4(&code, 1);
     }
     showPlaceholders(d->txtText, d->plainPassword);
 }
@@ -903,16 +957,27 @@ QString Txt::Text_en() const {
     return IsGerman() ? d->text.en() : d->txtText->text();
 }
 
+namespace {
+
+// The first max code units of a text (all of it for max 0), never half a surrogate pair.
+QString cutTo(const QString& text, qint32 max) {
+    if (max <= 0 || text.size() <= max) {
+        return text;
+    }
+    const bool splitsPair = text.at(max - 1).isHighSurrogate() && text.at(max).isLowSurrogate();
+    return text.left(splitsPair ? max - 1 : max);
+}
+
+}  // namespace
+
 void Txt::setText_de(const QString& text) {
-    const qint32 max = d->txtText->MaxLength();
-    const QString value = (max > 0 && text.size() > max) ? text.left(max) : text;
+    const QString value = cutTo(text, d->txtText->MaxLength());
     letPairDe(d->text, value, QStringLiteral("Text"),
               [this](const QString&) { showCurrentText(); });
 }
 
 void Txt::setText_en(const QString& text) {
-    const qint32 max = d->txtText->MaxLength();
-    const QString value = (max > 0 && text.size() > max) ? text.left(max) : text;
+    const QString value = cutTo(text, d->txtText->MaxLength());
     letPairEn(d->text, value, QStringLiteral("Text"),
               [this](const QString&) { showCurrentText(); });
 }
@@ -1001,10 +1066,10 @@ qint32 Txt::MaxLength() const {
 }
 
 void Txt::setMaxLength(qint32 length) {
+    const QString text = d->txtText->text();  // before the box cuts it by code units
     d->txtText->setMaxLengthProperty(length);
-    const QString text = d->txtText->text();
     if (text.size() > length) {
-        setText(text.left(std::max(length, 0)));
+        setText(length > 0 ? cutTo(text, length) : QString());
     }
     PropertyChanged(QStringLiteral("MaxLength"));
 }

@@ -257,10 +257,11 @@ public:
     Q_INVOKABLE void OLEDrag();
     /// Reloads the language and shows its text.
     Q_INVOKABLE void Refresh();
-    /// Fills the drop-down list (the list form attaches here).
-    Q_INVOKABLE virtual void FillDropDown() {}
-    /// Opens the drop-down list (the list form attaches here).
-    Q_INVOKABLE virtual void ShowDropDown() {}
+    /// Fills the pop-up's list with the entries of DropDownList; an empty list leaves it.
+    Q_INVOKABLE virtual void FillDropDown();
+    /// Places the pop-up under the field and shows it modally; takes the chosen text and,
+    /// with DropDownAllowAdding, the list as the pop-up hands them back.
+    Q_INVOKABLE virtual void ShowDropDown();
 
     // --- Constituents ---
     /// The native text box, txtText.
@@ -309,18 +310,18 @@ protected:
     void applyEnabled(bool on) override;
 
     // Points where the drop-down list, the entry wizard and the password fields attach.
-    // Each does nothing here.
     // The Down key in a field with a list (KeyCode and Shift may be cleared).
-    virtual void dropDownDownKey(int& KeyCode, int& Shift) {}
+    virtual void dropDownDownKey(int& KeyCode, int& Shift);
     // The add step of the numeric plus key.
-    virtual void dropDownAdd() {}
+    virtual void dropDownAdd();
     // The wheel step: 1 wheel turned away from the user, 2 towards.
-    virtual void wheelStep(int direction) {}
-    virtual void openEntryWizard() {}
+    virtual void wheelStep(int direction);
+    // Opens the pop-up of the entry history under the field.
+    virtual void openEntryWizard();
     // A click on the key symbol: the generator form, whose password becomes Password.
     virtual void openPasswordGenerator();
     // A text that passed the check on leaving, for the entry history.
-    virtual void addToEntryHistory(const QString& text) {}
+    virtual void addToEntryHistory(const QString& text);
     // A character typed into a password field (after the Ctrl filter and Return).
     virtual void passwordKeyPress(int keyAscii);
     // Loading and saving of the password value of a password field.
@@ -335,6 +336,7 @@ protected:
 private:
     void onKeyDown(int& KeyCode, int& Shift);
     void onKeyPress(int& KeyAscii);
+    void onTextInput(QString& text);
     void onChange();
     void onMouseDown(int Button, int Shift, float X, float Y);
     void onMouseMove(int Button, int Shift, float X, float Y);
@@ -345,6 +347,8 @@ private:
     void showHover(SymbolPicture* rest, SymbolPicture* hover);
     void showCurrentText();
     void setDropDownAddVisible(bool on);
+    // A click on the list arrow or the add symbol: the list opens with no row chosen.
+    void dropDownClick();
     // The entries of the current drop-down list, split only when the list changed.
     const QStringList& dropDownEntries() const;
     QString status2(bool german) const;

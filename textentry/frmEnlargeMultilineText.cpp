@@ -1,12 +1,13 @@
 #include "textentry/frmEnlargeMultilineText.h"
 
-#include <QEventLoop>
 #include <algorithm>
 
 #include "formwizard/FormWizard.h"
 #include "host/input/MultilineField.h"
 #include "host/platform/StatusText.h"
+#include "textentry/PopupLoop.h"
 #include "textentry/PopupPlacement.h"
+#include "textentry/Uebergabe.h"
 #include "textentry/mlt.h"
 
 namespace vorelle {
@@ -15,11 +16,11 @@ class frmEnlargeMultilineTextPrivate {
 public:
     mlt* mlt1 = nullptr;
     FormWizard* wizard = nullptr;
-    QString result;
 };
 
 frmEnlargeMultilineText::frmEnlargeMultilineText(QWidget* parent)
     : Form(parent), d(std::make_unique<frmEnlargeMultilineTextPrivate>()) {
+    setWindowFlag(Qt::Dialog);  // a window of its own, also over a parent
     setName(QString::fromLatin1(mlt::kEnlargeFormName));
     resize(560, 380);
     d->mlt1 = new mlt(this);
@@ -56,22 +57,13 @@ mlt* frmEnlargeMultilineText::field() const {
     return d->mlt1;
 }
 
-QString frmEnlargeMultilineText::result() const {
-    return d->result;
-}
-
 void frmEnlargeMultilineText::TakeText(const QString& text) {
-    d->result = text;
+    UebergabeText() = text;
     UnloadForm();
 }
 
-void frmEnlargeMultilineText::hideEvent(QHideEvent* event) {
-    Form::hideEvent(event);
-    emit Hidden();
-}
-
 QString frmEnlargeMultilineText::Edit(const mlt& source) {
-    frmEnlargeMultilineText form;
+    frmEnlargeMultilineText form(source.window());
     mlt* copy = form.field();
     copy->setMaxLength(source.MaxLength());
     copy->setAlignment(source.Alignment());
@@ -85,17 +77,11 @@ QString frmEnlargeMultilineText::Edit(const mlt& source) {
     copy->setValidCharAnz(source.ValidCharAnz());
     copy->setCharReplace(source.CharReplace());
     copy->setFontProperty(source.Font());
-    form.setWindowModality(Qt::ApplicationModal);
-    form.setWindowFlag(Qt::Dialog);
     PlacePopupOver(&form, source.field());
-    QEventLoop loop;
-    connect(&form, &frmEnlargeMultilineText::Hidden, &loop, &QEventLoop::quit);
-    form.show();
-    copy->field()->setFocus();
-    if (form.isVisible()) {
-        loop.exec();
-    }
-    return form.result();
+    UebergabeText().clear();
+    QObject::connect(&form, &Form::Load, copy, [copy] { copy->field()->setFocus(); });
+    PopupLoop::instance().run(&form, source.window());
+    return UebergabeText();
 }
 
 }  // namespace vorelle

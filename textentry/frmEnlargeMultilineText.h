@@ -21,22 +21,13 @@ public:
 
     /// The field of the form.
     mlt* field() const;
-    /// The text handed back; "" unless TakeText ran.
-    QString result() const;
-    /// Hands the text back and unloads the form.
+    /// Hands the text back in UebergabeText and unloads the form.
     void TakeText(const QString& text);
 
-    /// Shows the form modally over `source`: mlt1 takes its text and rules, the caret goes
-    /// to the end. The text handed back, or "" when the window was closed otherwise.
+    /// Shows the form modally (PopupLoop) over `source`: mlt1 takes its text and rules, the
+    /// caret goes to the end. The text handed back, or "" when the window was closed
+    /// otherwise.
     static QString Edit(const mlt& source);
-
-signals:
-    /// The form was hidden (closed or unloaded).
-    void Hidden();
-
-protected:
-    /// Tells Edit() that the form is gone.
-    void hideEvent(QHideEvent* event) override;
 
 private:
     std::unique_ptr<frmEnlargeMultilineTextPrivate> d;

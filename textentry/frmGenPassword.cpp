@@ -1,7 +1,6 @@
 #include "textentry/frmGenPassword.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <QPointer>
 #include <QRandomGenerator>
 #include <cmath>
@@ -17,7 +16,9 @@
 #include "host/platform/Sleeper.h"
 #include "host/platform/StatusText.h"
 #include "numberdate/Num.h"
+#include "textentry/PopupLoop.h"
 #include "textentry/PopupPlacement.h"
+#include "textentry/Uebergabe.h"
 
 namespace vorelle {
 
@@ -55,12 +56,12 @@ public:
     Cmd* cmdPasswortGenerieren = nullptr;
     Cmd* cmdPasswortUebernehmen = nullptr;
     QString generatedPassword;
-    QString result;
     bool stopped = false;
 };
 
 frmGenPassword::frmGenPassword(QWidget* parent)
     : Form(parent), d(std::make_unique<frmGenPasswordPrivate>()) {
+    setWindowFlag(Qt::Dialog);  // a window of its own, also over a parent
     setName(QStringLiteral("frmGenPassword"));
     resize(390, 250);
     auto caption = [](des* label, const QString& de, const QString& en) {
@@ -124,9 +125,6 @@ Cmd* frmGenPassword::takeOverButton() const {
 }
 QString frmGenPassword::GeneratedPassword() const {
     return d->generatedPassword;
-}
-QString frmGenPassword::result() const {
-    return d->result;
 }
 
 QString frmGenPassword::GenMouseKey(int Length) {
@@ -209,28 +207,22 @@ void frmGenPassword::Generate() {
 }
 
 void frmGenPassword::TakeOver() {
-    d->result = d->generatedPassword;
+    UebergabeText() = d->generatedPassword;
     UnloadForm();
 }
 
 void frmGenPassword::hideEvent(QHideEvent* event) {
     d->stopped = true;
     Form::hideEvent(event);
-    emit Hidden();
 }
 
 QString frmGenPassword::Choose(QWidget* field) {
-    frmGenPassword form;
-    form.setWindowModality(Qt::ApplicationModal);
-    form.setWindowFlag(Qt::Dialog);
+    QWidget* owner = field ? field->window() : nullptr;
+    frmGenPassword form(owner);
     PlacePopupOver(&form, field);
-    QEventLoop loop;
-    connect(&form, &frmGenPassword::Hidden, &loop, &QEventLoop::quit);
-    form.show();
-    if (form.isVisible()) {
-        loop.exec();
-    }
-    return form.result();
+    UebergabeText().clear();
+    PopupLoop::instance().run(&form, owner);
+    return UebergabeText();
 }
 
 }  // namespace vorelle

@@ -33,16 +33,15 @@ public:
     /// The press of cmdPasswortGenerieren: GenMouseKey of the chosen length, written in the
     /// 64 symbols of the radix alphabet and cut to that length, shown in desPassword.
     Q_INVOKABLE void Generate();
-    /// The press of cmdPasswortUebernehmen: the generated password becomes the result and
+    /// The press of cmdPasswortUebernehmen: UebergabeText takes the generated password and
     /// the form unloads.
     Q_INVOKABLE void TakeOver();
     /// The password made last; "" before the first one.
     QString GeneratedPassword() const;
-    /// The password taken over; "" unless TakeOver ran.
-    QString result() const;
 
-    /// Shows the form modally, centred on `field` and inside the work area, and waits until
-    /// it closes. The password taken over, or "" when the form was closed otherwise.
+    /// Shows the form modally (PopupLoop), centred on `field` and inside the work area, and
+    /// returns when it has closed: the password taken over, or "" when the form was closed
+    /// otherwise.
     static QString Choose(QWidget* field);
 
     /// The result display, desPassword.
@@ -56,12 +55,8 @@ public:
     /// The take-over button, cmdPasswortUebernehmen.
     Cmd* takeOverButton() const;
 
-signals:
-    /// The form was hidden (closed or unloaded).
-    void Hidden();
-
 protected:
-    /// Ends a running generation and tells Choose() that the form is gone.
+    /// Ends a running generation.
     void hideEvent(QHideEvent* event) override;
 
 private:

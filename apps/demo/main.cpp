@@ -9,7 +9,9 @@
 //                                 DIR/progress_<percent>_<language>.png, and a form with
 //                                 demoLocales on a German machine's number format and, in
 //                                 the first style, also on a US machine's, to
-//                                 DIR/<form>_localeUS_<language>.png
+//                                 DIR/<form>_localeUS_<language>.png; the text fields'
+//                                 drop-down list and history open, to
+//                                 DIR/dropdown_<language>.png and DIR/history_<language>.png
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -21,6 +23,7 @@
 #include "DemoTexts.h"
 #include "MouseRecorder.h"
 #include "ProgressDemo.h"
+#include "TextPopupShots.h"
 #include "TextShots.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
@@ -276,11 +279,12 @@ int screenshots(const QString& dir) {
                 failures += hintShots(*form, dir, language);
                 failures += dialogMenuShot(*form, dir, language);
             }
+            if (base == u"frmTextTypes") {
+                failures += demo::TextPopupShots(*form, dir, language);
+                failures += demo::TextShots(*form, dir, language);
+            }
             if (base == u"frmFortschritt") {
                 failures += demo::ProgressShots(*form, dir, language);
-            }
-            if (base == u"frmTextTypes") {
-                failures += demo::TextShots(*form, dir, language);
             }
             // A form that resizes its controls is shown once more at one and a half times
             // its size, to DIR/<form>_gross_<language>.png.

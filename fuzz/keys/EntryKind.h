@@ -21,11 +21,13 @@ namespace vorelle::fuzz {
 
 // What one fuzz step did to the control.
 struct Step {
-    enum Kind { Key, KeyRelease, Mouse, Focus, Property, Clipboard };
+    // InputMethod: text committed by an input method; Popup: a click on the field's symbol,
+    // which may open a pop-up that the following bytes drive.
+    enum Kind { Key, KeyRelease, Mouse, Focus, Property, Clipboard, InputMethod, Popup };
     Kind kind = Key;
     int qtKey = 0;      // Key, KeyRelease
     int modifiers = 0;  // Qt::KeyboardModifiers of a key or mouse event
-    QString text;       // the key's text; the clipboard's new text
+    QString text;       // the key's text; the clipboard's new text; the committed text
     QString property;   // Property: name and value
     QVariant value;
 };

@@ -4,8 +4,12 @@
 #include <QGuiApplication>
 #include <algorithm>
 
+#include "formwizard/ModuleSwitches.h"
 #include "host/input/EntryField.h"
+#include "textentry/EntryHistory.h"
 #include "textentry/Txt.h"
+#include "textentry/frmDropDownList.h"
+#include "textentry/frmEntryWizard.h"
 
 namespace vorelle::fuzz {
 
@@ -47,9 +51,18 @@ void TxtInvariant::before(const Step& step) {
         case Step::Clipboard:
             allow(step.text);
             break;
+        case Step::Popup:
+            // The entry history types its text with the key-posting syntax, which may
+            // hold a paste.
+            allow(QGuiApplication::clipboard()->text());
+            break;
+        case Step::Mouse:
+            // The wheel sets a text of the history as it stands.
+            allow(EntryHistoryRead(txt_->ControlName()));
+            break;
         case Step::Key:
-            if (step.text.size() > 1) {
-                allow(step.text);  // beyond one 16-bit code: unfiltered by design
+            if (step.qtKey == Qt::Key_Down) {
+                allow(QGuiApplication::clipboard()->text());  // as the symbol's click
             }
             if ((step.modifiers & Qt::ControlModifier) ||
                 (step.qtKey == Qt::Key_Insert && (step.modifiers & Qt::ShiftModifier))) {
@@ -93,10 +106,27 @@ QString TxtInvariant::after(const Step& step) {
             .arg(show(txt_->Text()), show(text));
     }
 
+    if (frmDropDownList::loaded() || frmEntryWizard::loaded()) {
+        return QStringLiteral("a pop-up of the field is still loaded");
+    }
+    if (MouseEventLocked()) {
+        return QStringLiteral("the mouse tracking stays locked after a pop-up");
+    }
+    if (field->isEnabled() != txt_->Enabled()) {
+        return QStringLiteral("the field's enabled state differs from Enabled");
+    }
+
     const QString valid = txt_->ValidChars();
-    for (const QChar c : text) {
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
         if (allowed_.test(c.unicode())) {
             continue;
+        }
+        const bool paired =
+            (c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate()) ||
+            (c.isLowSurrogate() && i > 0 && text.at(i - 1).isHighSurrogate());
+        if (c.isSurrogate() && !paired) {
+            return QStringLiteral("half a surrogate pair came in at %1: %2").arg(i).arg(show(text));
         }
         if (c == u'|') {
             return QStringLiteral("a pipe sign was typed: %1").arg(show(text));

@@ -1,7 +1,9 @@
 #include "host/input/EntryField.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <algorithm>
 
 #include "host/frame/ControlBase.h"
@@ -163,7 +165,17 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
 
     const int ascii0 = KeyAsciiOf(event);
     if (ascii0 < 0) {
-        QLineEdit::keyPressEvent(event);  // beyond one code unit: unfiltered
+        // Beyond one code unit: the text goes to the handler as a whole.
+        const QPointer<EntryField> self(this);
+        QString text = event->text();
+        emit TextInput(text);
+        if (self && !isReadOnly()) {
+            text = fitting(text);
+            if (!text.isEmpty()) {
+                insert(text);
+            }
+        }
+        event->accept();
         return;
     }
     if (ascii0 == 0) {
@@ -183,6 +195,41 @@ void EntryField::keyPressEvent(QKeyEvent* event) {
         typeCharacter(ascii);
     }
     event->accept();
+}
+
+void EntryField::inputMethodEvent(QInputMethodEvent* event) {
+    if (isReadOnly()) {
+        event->ignore();
+        return;
+    }
+    if (event->commitString().isEmpty()) {
+        QLineEdit::inputMethodEvent(event);
+        return;
+    }
+    const QPointer<EntryField> self(this);
+    QString commit = event->commitString();
+    emit TextInput(commit);
+    if (!self) {
+        return;
+    }
+    QInputMethodEvent filtered(event->preeditString(), event->attributes());
+    filtered.setCommitString(fitting(commit, event->replacementLength()), event->replacementStart(),
+                             event->replacementLength());
+    QLineEdit::inputMethodEvent(&filtered);
+    event->accept();
+}
+
+QString EntryField::fitting(const QString& text, int replaced) const {
+    const qsizetype kept = this->text().size() - selectedText().size() - replaced;
+    const qsizetype room = std::max<qsizetype>(QLineEdit::maxLength() - kept, 0);
+    if (text.size() <= room) {
+        return text;
+    }
+    qsizetype cut = room;
+    if (cut > 0 && text.at(cut - 1).isHighSurrogate()) {
+        --cut;
+    }
+    return text.left(cut);
 }
 
 void EntryField::sendKeyAction(int keyCode, int shift) {

@@ -5,6 +5,7 @@
 
 #include "foundation/Export.h"
 
+class QInputMethodEvent;
 class QKeyEvent;
 class QMouseEvent;
 
@@ -22,7 +23,10 @@ namespace vorelle {
 ///      the character; one that changes it gets the new character inserted instead.
 ///   3. The native change: the text box inserts or deletes, and Change() follows.
 /// Text that does not fit one 16-bit code (characters beyond the basic plane, composed
-/// text) and text from an input method arrive unfiltered, never lost.
+/// text) and the text that an input method commits raise TextInput(Text) instead of
+/// KeyPress: a handler may change or empty the text. Without a handler it is inserted as
+/// it came. Either way a surrogate pair is never split by MaxLength: what does not fit
+/// whole is dropped.
 ///
 /// Mouse notifications carry the host's button numbers (1 left, 2 right, 4 middle), the
 /// shift bits and the position in twips; each is raised after the text box has acted,
@@ -88,6 +92,9 @@ Q_SIGNALS:
     void KeyDown(int& KeyCode, int& Shift);
     /// A character was typed; a handler may change KeyAscii or set it to 0 to drop it.
     void KeyPress(int& KeyAscii);
+    /// Text of several code units or from an input method is about to be inserted; a
+    /// handler may change it or empty it to drop it.
+    void TextInput(QString& Text);
     /// The text changed.
     void Change();
     /// A mouse button went down (position in twips).
@@ -99,6 +106,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -108,6 +116,9 @@ private:
     void sendKeyAction(int keyCode, int shift);
     /// Inserts the character KeyAscii as if it had been typed.
     void typeCharacter(int keyAscii);
+    /// The part of a text that fits MaxLength in place of the selection (and `replaced`
+    /// more code units), cut before a surrogate pair that would not fit whole.
+    QString fitting(const QString& text, int replaced = 0) const;
     void emitMouse(void (EntryField::*signal)(int, int, float, float), const QMouseEvent* event,
                    int button);
 

@@ -16,6 +16,7 @@
 #include "host/input/MultilineField.h"
 #include "host/input/VirtualKeys.h"
 #include "support/Doubles.h"
+#include "textentry/Uebergabe.h"
 #include "textentry/frmEnlargeMultilineText.h"
 #include "textentry/mlt.h"
 
@@ -188,7 +189,7 @@ TEST_F(MltTest, EscTransfersAndClosingCancels) {
     enlargeWith([](frmEnlargeMultilineText& copy) {
         QTest::keyClicks(copy.field()->field(), QStringLiteral(" new"));
         QTest::keyClick(copy.field()->field(), Qt::Key_Escape);
-        EXPECT_EQ(copy.result(), QStringLiteral("old new"));
+        EXPECT_EQ(UebergabeText(), QStringLiteral("old new"));
     });
     EXPECT_EQ(control->Text(), QStringLiteral("old new"));
     enlargeWith([](frmEnlargeMultilineText& copy) {

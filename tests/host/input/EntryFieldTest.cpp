@@ -153,21 +153,57 @@ TEST_F(EntryFieldTest, BackspaceChangedToZeroKeepsTheText) {
     EXPECT_EQ(field.text(), QStringLiteral("abc"));
 }
 
-TEST_F(EntryFieldTest, CharactersBeyondOneCodeUnitArriveUnfiltered) {
+// Text of several code units and input-method commits skip KeyPress and go to TextInput
+// whole; without a handler they are inserted as they came.
+TEST_F(EntryFieldTest, TextBeyondOneCodeUnitAndCommitsGoToTextInputWhole) {
     onKeyPress = [](int& ascii) { ascii = 0; };
     const QString clef = QString::fromUcs4(U"\U0001D11E");
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, clef);
-    QApplication::sendEvent(&field, &press);
-    EXPECT_EQ(field.text(), clef);
+    auto key = [this](const QString& text) {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, text);
+        QApplication::sendEvent(&field, &press);
+    };
+    auto commit = [this](const QString& text) {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(&field, &event);
+    };
+    key(clef);
+    commit(QStringLiteral("日本"));
+    EXPECT_EQ(field.text(), clef + QStringLiteral("日本"));
     EXPECT_TRUE(seen.asciis.isEmpty());
+
+    QStringList given;
+    QObject::connect(&field, &EntryField::TextInput, [&given](QString& text) {
+        given << text;
+        text = text == u"日本" ? QString() : text.toUpper();
+    });
+    field.clear();
+    key(clef);
+    commit(QStringLiteral("日本"));
+    commit(QStringLiteral("ab"));
+    EXPECT_EQ(given, (QStringList{clef, QStringLiteral("日本"), QStringLiteral("ab")}));
+    EXPECT_EQ(field.text(), clef + QStringLiteral("AB"));
+    field.setReadOnly(true);
+    commit(QStringLiteral("x"));
+    EXPECT_EQ(given.size(), 3);
+    EXPECT_EQ(field.text(), clef + QStringLiteral("AB"));
 }
 
-TEST_F(EntryFieldTest, InputMethodTextArrives) {
-    onKeyPress = [](int& ascii) { ascii = 0; };
+TEST_F(EntryFieldTest, MaxLengthNeverSplitsASurrogatePair) {
+    const QString clef = QString::fromUcs4(U"\U0001D11E");
+    field.setMaxLengthProperty(3);
+    field.setText(QStringLiteral("ab"));
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, clef);
+    QApplication::sendEvent(&field, &press);
+    EXPECT_EQ(field.text(), QStringLiteral("ab"));
     QInputMethodEvent event;
-    event.setCommitString(QStringLiteral("日本"));
+    event.setCommitString(QStringLiteral("x") + clef);
     QApplication::sendEvent(&field, &event);
-    EXPECT_EQ(field.text(), QStringLiteral("日本"));
+    EXPECT_EQ(field.text(), QStringLiteral("abx"));
+    field.setMaxLengthProperty(4);
+    field.setSelection(2, 1);  // in place of the x a pair fits
+    QApplication::sendEvent(&field, &press);
+    EXPECT_EQ(field.text(), QStringLiteral("ab") + clef);
 }
 
 TEST_F(EntryFieldTest, SelectionPassesThrough) {
