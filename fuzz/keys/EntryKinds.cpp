@@ -1,8 +1,5 @@
 #include "keys/EntryKind.h"
 
-#include <QApplication>
-#include <QTimer>
-
 #include "display/Cmd.h"
 #include "host/form/Form.h"
 #include "host/frame/PropertyBag.h"
@@ -14,7 +11,6 @@
 #include "keys/TxtInvariant.h"
 #include "numberdate/Num.h"
 #include "textentry/Txt.h"
-#include "textentry/frmEnlargeMultilineText.h"
 #include "textentry/mlt.h"
 
 namespace vorelle::fuzz {
@@ -119,8 +115,8 @@ EntryKind cmdKind() {
     return kind;
 }
 
-// The multi-line field. Ctrl+E opens its enlarged copy, a modal window: a zero timer
-// closes it as soon as its loop runs, which leaves the field as it was.
+// The multi-line field. Ctrl+E opens its enlarged copy through the fuzzer's PopupLoop,
+// which closes it unchanged (it has no list to drive).
 EntryKind mltKind() {
     EntryKind kind;
     kind.name = QStringLiteral("mlt");
@@ -129,14 +125,6 @@ EntryKind mltKind() {
         control->setObjectName(QStringLiteral("mltFuzz"));
         control->startFrom(PropertyBag());
         control->setHeight(450);  // two lines: the fuzz form gives each control 40 pixels
-        auto* closer = new QTimer(control);
-        QObject::connect(closer, &QTimer::timeout, closer, [] {
-            if (auto* copy =
-                    qobject_cast<frmEnlargeMultilineText*>(QApplication::activeModalWidget())) {
-                copy->close();
-            }
-        });
-        closer->start(0);
         return control;
     };
     kind.keyTarget = [](QWidget* control) -> QWidget* {

@@ -39,6 +39,13 @@ void MltInvariant::before(const Step& step) {
         case Step::Clipboard:
             allow(step.text);
             break;
+        case Step::InputMethod:
+            for (const QChar c : step.text) {
+                if (c.isSurrogate()) {
+                    allowed_.set(c.unicode());  // beyond one 16-bit code: unfiltered by design
+                }
+            }
+            break;
         case Step::Key:
             if (step.text.size() > 1) {
                 allow(step.text);  // beyond one 16-bit code: unfiltered by design

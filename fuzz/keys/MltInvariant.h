@@ -17,8 +17,8 @@ namespace vorelle::fuzz {
 // - the stored text of the current language is the text the box shows;
 // - a character comes into the box by typing only if it passes ValidChars (a line feed
 //   stands for the carriage return of the Return key) and is no pipe sign; text set by
-//   code, the clipboard and keys whose text does not fit one 16-bit code bring their
-//   characters in unfiltered, so those characters are allowed from then on.
+//   code, the clipboard and keys or input-method text that do not fit one 16-bit code
+//   bring their characters in unfiltered, so those characters are allowed from then on.
 class MltInvariant : public EntryInvariant {
 public:
     explicit MltInvariant(mlt* control) : mlt_(control) {}

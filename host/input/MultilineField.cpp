@@ -1,5 +1,6 @@
 #include "host/input/MultilineField.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -212,6 +213,34 @@ void MultilineField::insertFromMimeData(const QMimeData* source) {
     if (!text.isEmpty()) {
         insertPlainText(text);
     }
+}
+
+void MultilineField::inputMethodEvent(QInputMethodEvent* event) {
+    const QString commit = event->commitString();
+    if (commit.isEmpty()) {
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent rest(event->preeditString(), event->attributes());
+    QPlainTextEdit::inputMethodEvent(&rest);
+    for (const char32_t c : commit.toUcs4()) {
+        if (c > 0xFFFF) {
+            const QString whole = QString::fromUcs4(&c, 1);
+            if (!isReadOnly() && room() >= whole.size()) {
+                insertPlainText(whole);
+            }
+            continue;
+        }
+        int ascii = static_cast<int>(c);
+        if (ascii < 32 && ascii != 13) {
+            continue;  // control characters come as keys
+        }
+        emit KeyPress(ascii);
+        if (ascii != 0) {
+            typeCharacter(ascii);
+        }
+    }
+    event->accept();
 }
 
 // --- Mouse --------------------------------------------------------------------------------------

@@ -75,6 +75,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+    /// Text committed by an input method goes through KeyPress character by character, as
+    /// typed; a character beyond one 16-bit code goes in unfiltered. Composing text shows
+    /// as usual.
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
 private:
     // Room left for new text in place of the selection; a large number without a limit.

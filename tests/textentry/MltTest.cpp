@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QTest>
@@ -113,6 +114,16 @@ TEST_F(MltTest, CapitalsAtWordStartsFollowLettersWithoutUmlauts) {
     make({{QStringLiteral("TypingBehavior"), 3}});
     type(QStringLiteral("Äb Öl-x"));
     EXPECT_EQ(field()->text(), QStringLiteral("ÄB ÖL-X"));  // no umlaut counts as a letter
+}
+
+TEST_F(MltTest, InputMethodTextGoesThroughTheFiltersAndMaxLength) {
+    make({{QStringLiteral("ValidChars"), QStringLiteral("abc")}, {QStringLiteral("MaxLength"), 3}});
+    QInputMethodEvent commit;
+    commit.setCommitString(QStringLiteral("a|xbcc"));
+    QApplication::sendEvent(field(), &commit);
+    EXPECT_EQ(field()->text(), QStringLiteral("abc"));
+    EXPECT_EQ(box.beeps, 2);  // x, and the pipe sign is not in ValidChars either
+    EXPECT_EQ(keyPresses, (QList<int>{'a', 'b', 'c', 'c'}));
 }
 
 TEST_F(MltTest, InsertAndCtrlASelectAllAndPipeIsRefused) {
