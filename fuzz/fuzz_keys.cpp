@@ -58,6 +58,12 @@ const QStringList kKnownTexts = {
     QStringLiteral("/<3"),
     QStringLiteral("Hans|Hanna|Peter|Berlin|berlin"),
     QStringLiteral("a|ab|abc|"),
+    QStringLiteral("29.02.2000"),
+    QStringLiteral("00.05.2001"),
+    QStringLiteral("15.03.0999"),
+    QStringLiteral("23:59"),
+    QStringLiteral("31.12.9999/23:59"),
+    QStringLiteral("24.12.2010 18:30"),
     QString(),
 };
 

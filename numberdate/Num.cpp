@@ -22,6 +22,7 @@
 #include "host/platform/Sleeper.h"
 #include "host/platform/StatusText.h"
 #include "numberdate/Num_p.h"
+#include "numberdate/SpinScroller.h"
 #include "textentry/FocusFrame.h"
 #include "textentry/TextBoxMenu.h"
 
@@ -65,10 +66,6 @@ constexpr qint32 kBarGreen = 49152;
 
 // Below this, every whole double is written without an exponent.
 constexpr double kWholeExact = 1e15;
-
-// The spin arrows rest at this value.
-constexpr int kSpinRest = 100;
-
 
 QString str(const PropertyBag& bag, const char* name, const QString& def = QString()) {
     return bag.ReadProperty(QString::fromLatin1(name), def).toString();
@@ -146,11 +143,8 @@ Num::Num(QWidget* parent) : FormControl(parent), d(std::make_unique<NumPrivate>(
     d->picInnen->setAutoFillBackground(true);
     d->picInnen->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-    d->scrZahl = new QScrollBar(Qt::Vertical, this);
+    d->scrZahl = new SpinScroller(this);
     d->scrZahl->setObjectName(QStringLiteral("scrZahl"));
-    d->scrZahl->setRange(kSpinRest - 1, kSpinRest + 1);
-    d->scrZahl->setValue(kSpinRest);
-    d->scrZahl->setFocusPolicy(Qt::NoFocus);
 
     d->txtText = new EntryField(this);
     d->txtText->setObjectName(QStringLiteral("txtText"));
@@ -191,7 +185,7 @@ Num::Num(QWidget* parent) : FormControl(parent), d(std::make_unique<NumPrivate>(
     connect(d->txtText, &EntryField::Change, this, &Num::onChange);
     connect(d->txtText, &EntryField::MouseDown, this, &Num::onMouseDown);
     connect(d->txtText, &EntryField::MouseUp, this, &Num::onMouseUp);
-    connect(d->scrZahl, &QScrollBar::valueChanged, this, &Num::onSpin);
+    connect(d->scrZahl, &SpinScroller::Step, this, &Num::onSpin);
 }
 
 Num::~Num() {
@@ -688,18 +682,12 @@ void Num::onMouseUp(int, int, float, float) {
     }
 }
 
-void Num::onSpin(int value) {
-    if (d->spinResting || value == kSpinRest) {
-        return;
-    }
-    if (value > kSpinRest) {
-        StepDown(1);
-    } else {
+void Num::onSpin(int direction) {
+    if (direction > 0) {
         StepUp(1);
+    } else {
+        StepDown(1);
     }
-    d->spinResting = true;
-    d->scrZahl->setValue(kSpinRest);
-    d->spinResting = false;
 }
 
 bool Num::overBar(double x, double y) const {

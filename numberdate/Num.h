@@ -238,7 +238,7 @@ private:
     void onChange();
     void onMouseDown(int Button, int Shift, float X, float Y);
     void onMouseUp(int Button, int Shift, float X, float Y);
-    void onSpin(int value);
+    void onSpin(int direction);
     void onParentLoad();
     void StepUp(double amount);
     void StepDown(double amount);

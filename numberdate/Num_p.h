@@ -5,19 +5,18 @@
 
 #include "numberdate/Num.h"
 
-class QScrollBar;
-
 namespace vorelle {
 
 class EntryField;
 class Form;
 class Shape;
+class SpinScroller;
 
 // The data of Num.
 class NumPrivate {
 public:
     QWidget* picInnen = nullptr;
-    QScrollBar* scrZahl = nullptr;
+    SpinScroller* scrZahl = nullptr;
     EntryField* txtText = nullptr;
     Shape* shpSliRand = nullptr;
     Shape* shpBlau = nullptr;
@@ -40,8 +39,6 @@ public:
 
     // The text is being written by SetZahl.
     bool internalChange = false;
-    // The spin arrows are being set back to their rest.
-    bool spinResting = false;
     int lastKeyCode = 0;
     QString parentName;
     QPointer<Form> parentForm;

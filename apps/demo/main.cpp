@@ -35,6 +35,7 @@
 #include "foundation/RegStore.h"
 #include "host/form/FormLoader.h"
 #include "host/frame/ControlBase.h"
+#include "numberdate/DateEntry.h"
 
 using namespace vorelle;
 
@@ -82,7 +83,9 @@ void focusForShot(Form& form) {
 // The controls of a form show their values anew, after a change of the locale.
 void refreshControls(Form& form) {
     for (QWidget* control : form.Controls()) {
-        if (qobject_cast<ControlBase*>(control)) {
+        if (auto* dates = qobject_cast<DateEntry*>(control)) {
+            dates->showAnew();
+        } else if (qobject_cast<ControlBase*>(control)) {
             LateCall(control, "Refresh");
         }
     }

@@ -6,10 +6,14 @@
 #include "host/input/EntryField.h"
 #include "host/input/MultilineField.h"
 #include "keys/CmdInvariant.h"
+#include "keys/DateInvariant.h"
 #include "keys/MltInvariant.h"
 #include "keys/NumInvariant.h"
 #include "keys/TxtInvariant.h"
+#include "numberdate/Dat.h"
 #include "numberdate/Num.h"
+#include "numberdate/Tim.h"
+#include "numberdate/dti.h"
 #include "textentry/Txt.h"
 #include "textentry/mlt.h"
 
@@ -153,10 +157,52 @@ EntryKind mltKind() {
     return kind;
 }
 
+// The date and time controls: keys go to whichever sub-field has the focus; the first one
+// takes them when the focus is elsewhere.
+template <class Control>
+EntryKind dateKind(const QString& name, const QStringList& properties,
+                   const std::function<void(Control*)>& resetValue) {
+    EntryKind kind;
+    kind.name = name;
+    kind.create = [name](Form& form) -> QWidget* {
+        auto* control = new Control(&form);
+        control->setObjectName(name.toLower() + QStringLiteral("Fuzz"));
+        PropertyBag bag;
+        bag.insert(QStringLiteral("Locked"), false);
+        control->startFrom(bag);
+        return control;
+    };
+    kind.keyTarget = [](QWidget* control) -> QWidget* { return control->focusProxy(); };
+    kind.properties = properties + QStringList{QStringLiteral("Locked"), QStringLiteral("Enabled")};
+    kind.reset = [resetValue](QWidget* control) {
+        auto* c = static_cast<Control*>(control);
+        c->setEnabledProperty(true);
+        c->setLocked(false);
+        resetValue(c);
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<DateInvariant>(static_cast<Control*>(control));
+    };
+    return kind;
+}
+
 }  // namespace
 
 const QList<EntryKind>& EntryKinds() {
-    static const QList<EntryKind> kinds = {txtKind(), numKind(), cmdKind(), mltKind()};
+    static const QList<EntryKind> kinds = {
+        txtKind(),
+        numKind(),
+        cmdKind(),
+        dateKind<Dat>(QStringLiteral("Dat"), {QStringLiteral("Datum"), QStringLiteral("ShowDay")},
+                      [](Dat* c) {
+                          c->setShowDay(true);
+                          c->setDatum(QString());
+                      }),
+        dateKind<Tim>(QStringLiteral("Tim"), {QStringLiteral("Zeit")},
+                      [](Tim* c) { c->setZeit(QString()); }),
+        dateKind<dti>(QStringLiteral("dti"), {QStringLiteral("DatumZeit")},
+                      [](dti* c) { c->setDatumZeit(QString()); }),
+        mltKind()};
     return kinds;
 }
 
