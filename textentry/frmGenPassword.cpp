@@ -88,6 +88,7 @@ frmGenPassword::frmGenPassword(QWidget* parent)
     terminal.setStyleHint(QFont::TypeWriter);
     terminal.setStyleStrategy(QFont::ForceOutline);  // a bitmap face would not scale
     d->desPassword->setFontProperty(terminal);
+    caption(d->desPassword, QString(), QString());  // no password yet
     d->cmdPasswortGenerieren = place<Cmd>(this, "cmdPasswortGenerieren", QRect(15, 162, 175, 30));
     d->cmdPasswortGenerieren->setButtonType(QStringLiteral("Aktualisieren"));
     d->cmdPasswortGenerieren->setCaption_de(QStringLiteral("Generieren"));
