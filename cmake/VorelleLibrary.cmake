@@ -67,6 +67,10 @@ endfunction()
 add_library(vorelle_foundation OBJECT ${VORELLE_FOUNDATION_SOURCES})
 vorelle_foundation_layer(vorelle_foundation)
 target_link_libraries(vorelle_foundation PRIVATE SQLite::SQLite3)
+# The keyring client (foundation/UserKeyStore.cpp): its header is on the compiler's own path
+# (<qt6keychain/keychain.h>), and the shared library links its file alone. Its usage
+# requirements (QtDBus, and /usr/include as a system folder, which breaks <cmath>) would
+# change the compile line of every file.
 if(WIN32)
     target_link_libraries(vorelle_foundation PRIVATE ${VORELLE_FOUNDATION_WIN32_LIBS})
 endif()
@@ -94,7 +98,7 @@ target_include_directories(Vorelle
         $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 target_link_libraries(Vorelle
     PUBLIC Qt6::Core Qt6::Gui Qt6::Widgets
-    PRIVATE Qt6::UiTools SQLite::SQLite3)
+    PRIVATE Qt6::UiTools SQLite::SQLite3 $<TARGET_FILE:Qt6Keychain::Qt6Keychain>)
 if(WIN32)
     target_link_libraries(Vorelle PRIVATE
         ${VORELLE_FOUNDATION_WIN32_LIBS} ${VORELLE_WIDGETS_WIN32_LIBS})

@@ -7,6 +7,7 @@
 
 #include "foundation/Language.h"
 #include "foundation/RegStore.h"
+#include "foundation/StoredPassword.h"
 #include "foundation/Zentral.h"
 #include "host/form/Form.h"
 #include "host/frame/ControlRegistry.h"
@@ -19,11 +20,13 @@
 #include "host/platform/MenuBuilder.h"
 #include "host/platform/MessageBox.h"
 #include "textentry/FocusFrame.h"
+#include "textentry/OleDragDrop.h"
 #include "textentry/SymbolPicture.h"
 #include "textentry/TextBoxMenu.h"
 #include "textentry/Txt_p.h"
 #include "textentry/frmDropDownList.h"
 #include "textentry/frmEntryWizard.h"
+#include "textentry/frmGenPassword.h"
 
 namespace vorelle {
 
@@ -85,6 +88,12 @@ qint32 number(const PropertyBag& bag, const char* name, qint32 def) {
     return bag.ReadProperty(QString::fromLatin1(name), def).toInt();
 }
 
+// A password field's box: one "?" per character of the password, the caret at the end.
+void showPlaceholders(EntryField* field, const QString& password) {
+    field->setText(QString(password.size(), u'?'));
+    field->setCursorPosition(static_cast<int>(password.size()));
+}
+
 // A list with doubles removed unless allowed, sorted when asked for.
 QString tidyList(QString list, bool allowDoubles, bool sorted) {
     if (list.isEmpty()) {
@@ -141,6 +150,24 @@ Txt::Txt(QWidget* parent) : FormControl(parent), d(std::make_unique<TxtPrivate>(
     setFocusPolicy(Qt::StrongFocus);
     initForeColor(0);
     initBackColor(kDefaultBackColor);
+
+    OleDragDrop::Field text;
+    text.selectedText = [this] { return isPasswordField() ? QString() : d->txtText->SelText(); };
+    text.onSelection = [this](const QPoint& at) {
+        const int place = d->txtText->cursorPositionAt(at);
+        const int start = d->txtText->SelStart();
+        return d->txtText->SelLength() > 0 && place >= start &&
+               place < start + d->txtText->SelLength();
+    };
+    text.removeSelection = [this] { d->txtText->del(); };
+    text.takesText = [this] { return !isPasswordField() && !d->txtText->Locked(); };
+    d->ole = new OleDragDrop(d->txtText, d->txtText, text, this);
+    connect(d->ole, &OleDragDrop::OLECompleteDrag, this, &Txt::OLECompleteDrag);
+    connect(d->ole, &OleDragDrop::OLEDragDrop, this, &Txt::OLEDragDrop);
+    connect(d->ole, &OleDragDrop::OLEDragOver, this, &Txt::OLEDragOver);
+    connect(d->ole, &OleDragDrop::OLEGiveFeedback, this, &Txt::OLEGiveFeedback);
+    connect(d->ole, &OleDragDrop::OLESetData, this, &Txt::OLESetData);
+    connect(d->ole, &OleDragDrop::OLEStartDrag, this, &Txt::OLEStartDrag);
 
     connect(d->txtText, &EntryField::KeyDown, this, &Txt::onKeyDown);
     connect(d->txtText, &EntryField::KeyPress, this, &Txt::onKeyPress);
@@ -269,8 +296,8 @@ void Txt::ReadProperties(const PropertyBag& bag) {
     initFont(p.font);
     initEnabled(p.enabled);
     d->txtText->setMaxLengthProperty(p.maxLength);
-    d->txtText->setDragEnabled(d->oleDragMode == 1);
-    d->txtText->setAcceptDrops(d->oleDropMode != 0);
+    d->ole->setDragMode(d->oleDragMode);
+    d->ole->setDropMode(d->oleDropMode);
     d->txtText->setAlignmentProperty(p.alignment);
     showCurrentText();
     if (d->dropDownMustChooseFrom) {
@@ -703,6 +730,10 @@ void Txt::showCurrentText() {
     }
 }
 
+void Txt::OLEDrag() {
+    d->ole->startDrag();
+}
+
 void Txt::Refresh() {
     LanguageLoad();
     showCurrentText();
@@ -759,6 +790,46 @@ void Txt::RegLoading() {
         setDropDownList_en(listEn);
     }
     emit Change();
+}
+
+// --- Password fields
+// ------------------------------------------------------------------------------
+
+void Txt::passwordKeyPress(int keyAscii) {
+    if (keyAscii == 8) {
+        const QString& p = d->plainPassword;
+        // A character beyond one code unit goes whole.
+        const bool pair =
+            p.size() >= 2 && p.back().isLowSurrogate() && p.at(p.size() - 2).isHighSurrogate();
+        d->plainPassword.chop(pair ? 2 : 1);
+    } else {
+        const auto code = static_cast<char32_t>(keyAscii);
+        d->plainPassword += QString::fromUcs4(&code, 1);
+    }
+    showPlaceholders(d->txtText, d->plainPassword);
+}
+
+void Txt::passwordRegLoad() {
+    d->plainPassword = PasswordFromStore(RegGet(
+        ModuleAppName(), d->parentName, ControlName() + QStringLiteral(".Password"), QString()));
+    showPlaceholders(d->txtText, d->plainPassword);
+}
+
+void Txt::passwordRegSave() {
+    RegSet(ModuleAppName(), d->parentName, ControlName() + QStringLiteral(".Password"),
+           PasswordToStore(d->plainPassword));
+}
+
+void Txt::openPasswordGenerator() {
+    if (!Enabled() || d->locked || !isPasswordField()) {
+        return;
+    }
+    // The form runs a modal loop: its handlers may delete this control.
+    const QPointer<Txt> self(this);
+    const QString chosen = frmGenPassword::Choose(d->txtText);
+    if (self && !chosen.isEmpty()) {
+        setPassword(chosen);
+    }
 }
 
 // --- Hint text
@@ -1005,13 +1076,13 @@ void Txt::setMaxLength(qint32 length) {
 
 void Txt::setOLEDragMode(int mode) {
     d->oleDragMode = mode;
-    d->txtText->setDragEnabled(mode == 1);
+    d->ole->setDragMode(mode);
     PropertyChanged(QStringLiteral("OLEDragMode"));
 }
 
 void Txt::setOLEDropMode(int mode) {
     d->oleDropMode = mode;
-    d->txtText->setAcceptDrops(mode != 0);
+    d->ole->setDropMode(mode);
     PropertyChanged(QStringLiteral("OLEDropMode"));
 }
 
@@ -1046,8 +1117,7 @@ void Txt::setTypingBehavior(int behavior) {
 
 void Txt::setPassword(const QString& password) {
     d->plainPassword = password;
-    d->txtText->setText(QString(password.size(), u'?'));
-    d->txtText->setCursorPosition(static_cast<int>(password.size()));
+    showPlaceholders(d->txtText, password);
     PropertyChanged(QStringLiteral("PasswordChar"));
     emit Change();
 }

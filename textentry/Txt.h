@@ -177,11 +177,12 @@ public:
     qint32 MaxLength() const;
     /// Sets the longest text and cuts the text to it.
     void setMaxLength(qint32 length);
-    /// 0 manual, 1 automatic dragging of the text.
+    /// 0 manual (OLEDrag starts a drag), 1 automatic (dragging selected text starts one).
     int OLEDragMode() const;
     /// Sets the drag mode.
     void setOLEDragMode(int mode);
-    /// 0 none, otherwise drops are taken.
+    /// 0 no drops; 1 manual: OLEDragOver and OLEDragDrop decide; 2 automatic: the field
+    /// takes dropped text itself.
     int OLEDropMode() const;
     /// Sets the drop mode.
     void setOLEDropMode(int mode);
@@ -252,8 +253,8 @@ public:
     Q_INVOKABLE void MouseOut(int Button);
     /// A click on the control focuses the field.
     Q_INVOKABLE void MouseClick(int Button, float X, float Y);
-    /// Starts dragging (nothing here).
-    Q_INVOKABLE void OLEDrag() {}
+    /// Starts a drag of the selected text, whatever OLEDragMode is.
+    Q_INVOKABLE void OLEDrag();
     /// Reloads the language and shows its text.
     Q_INVOKABLE void Refresh();
     /// Fills the pop-up's list with the entries of DropDownList; an empty list leaves it.
@@ -317,14 +318,15 @@ protected:
     virtual void wheelStep(int direction);
     // Opens the pop-up of the entry history under the field.
     virtual void openEntryWizard();
-    virtual void openPasswordGenerator() {}
+    // A click on the key symbol: the generator form, whose password becomes Password.
+    virtual void openPasswordGenerator();
     // A text that passed the check on leaving, for the entry history.
     virtual void addToEntryHistory(const QString& text);
     // A character typed into a password field (after the Ctrl filter and Return).
-    virtual void passwordKeyPress(int keyAscii) {}
+    virtual void passwordKeyPress(int keyAscii);
     // Loading and saving of the password value of a password field.
-    virtual void passwordRegLoad() {}
-    virtual void passwordRegSave() {}
+    virtual void passwordRegLoad();
+    virtual void passwordRegSave();
 
     // The private state of the key handlers.
     int lastKeyCode() const;

@@ -11,6 +11,7 @@ namespace vorelle {
 
 class EntryField;
 class Form;
+class OleDragDrop;
 class Shape;
 class SymbolPicture;
 
@@ -28,6 +29,7 @@ public:
     SymbolPicture* picPass = nullptr;
     SymbolPicture* picDropdownMouseOver = nullptr;
     SymbolPicture* picDropdown = nullptr;
+    OleDragDrop* ole = nullptr;
 
     CharRules rules;
     TextPair text;

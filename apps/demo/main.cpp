@@ -28,6 +28,7 @@
 #include "MouseRecorder.h"
 #include "ProgressDemo.h"
 #include "TextPopupShots.h"
+#include "TextShots.h"
 #include "formwizard/HintWindows.h"
 #include "formwizard/ModuleSwitches.h"
 #include "foundation/Language.h"
@@ -287,6 +288,7 @@ int screenshots(const QString& dir) {
             }
             if (base == u"frmTextTypes") {
                 failures += demo::TextPopupShots(*form, dir, language);
+                failures += demo::TextShots(*form, dir, language);
             }
             if (base == u"frmFortschritt") {
                 failures += demo::ProgressShots(*form, dir, language);

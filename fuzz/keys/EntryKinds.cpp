@@ -9,10 +9,12 @@
 #include "host/form/Form.h"
 #include "host/frame/PropertyBag.h"
 #include "host/input/EntryField.h"
+#include "host/input/MultilineField.h"
 #include "keys/ChbInvariant.h"
 #include "keys/CmdInvariant.h"
 #include "keys/DateInvariant.h"
 #include "keys/LstInvariant.h"
+#include "keys/MltInvariant.h"
 #include "keys/NumInvariant.h"
 #include "keys/RblInvariant.h"
 #include "keys/TxtInvariant.h"
@@ -21,6 +23,7 @@
 #include "numberdate/Tim.h"
 #include "numberdate/dti.h"
 #include "textentry/Txt.h"
+#include "textentry/mlt.h"
 
 namespace vorelle::fuzz {
 
@@ -220,6 +223,44 @@ EntryKind lstKind() {
     return kind;
 }
 
+// The multi-line field. Ctrl+E opens its enlarged copy through the fuzzer's PopupLoop,
+// which closes it unchanged (it has no list to drive).
+EntryKind mltKind() {
+    EntryKind kind;
+    kind.name = QStringLiteral("mlt");
+    kind.create = [](Form& form) -> QWidget* {
+        auto* control = new mlt(&form);
+        control->setObjectName(QStringLiteral("mltFuzz"));
+        control->startFrom(PropertyBag());
+        control->setHeight(450);  // two lines: the fuzz form gives each control 40 pixels
+        return control;
+    };
+    kind.keyTarget = [](QWidget* control) -> QWidget* {
+        return static_cast<mlt*>(control)->field();
+    };
+    kind.properties = {QStringLiteral("Text"),        QStringLiteral("ValidChars"),
+                       QStringLiteral("MaxLength"),   QStringLiteral("TypingBehavior"),
+                       QStringLiteral("CharReplace"), QStringLiteral("ValidCharAnz"),
+                       QStringLiteral("Locked"),      QStringLiteral("Enabled"),
+                       QStringLiteral("Alignment")};
+    kind.reset = [](QWidget* control) {
+        auto* field = static_cast<mlt*>(control);
+        field->setValidCharAnz(QString());
+        field->setEnabledProperty(true);
+        field->setLocked(false);
+        field->setValidChars(QString());
+        field->setCharReplace(QString());
+        field->setTypingBehavior(0);
+        field->setAlignment(0);
+        field->setMaxLength(mlt::kDefaultMaxLength);
+        field->setText(QString());
+    };
+    kind.invariant = [](QWidget* control) -> std::unique_ptr<EntryInvariant> {
+        return std::make_unique<MltInvariant>(static_cast<mlt*>(control));
+    };
+    return kind;
+}
+
 // The date and time controls: keys go to whichever sub-field has the focus; the first one
 // takes them when the focus is elsewhere.
 template <class Control>
@@ -265,6 +306,7 @@ const QList<EntryKind>& EntryKinds() {
                       [](Tim* c) { c->setZeit(QString()); }),
         dateKind<dti>(QStringLiteral("dti"), {QStringLiteral("DatumZeit")},
                       [](dti* c) { c->setDatumZeit(QString()); }),
+        mltKind(),
         chbKind(),
         rblKind(),
         lstKind()};
