@@ -439,6 +439,7 @@ private:
             };
         } else if (op < 232) {  // a property
             s.kind = Step::Property;
+            s.control = control().widget;
             const EntryKind& kind = *control().kind;
             s.property = kind.properties.at(in.byte() % kind.properties.size());
             const QMetaObject* meta = control().widget->metaObject();

@@ -30,6 +30,7 @@ struct Step {
     QString text;       // the key's text; the clipboard's new text; the committed text
     QString property;   // Property: name and value
     QVariant value;
+    const QWidget* control = nullptr;  // Property: the control whose property is set
 };
 
 // Watches one control through the steps of an input. check() gives "" while the control

@@ -44,11 +44,10 @@ QString LstInvariant::after(const Step& step) {
     const QString selected = list_->Selected();
     const QStringList tokens = selected.isEmpty() ? QStringList() : selected.split(u'|');
     const QSet<QString> named(tokens.cbegin(), tokens.cend());
-    const bool letsSelected =
-        step.kind == Step::Property && step.property == QStringLiteral("Selected");
+    const bool setsOwn = step.kind == Step::Property && step.control == list_;
+    const bool letsSelected = setsOwn && step.property == QStringLiteral("Selected");
     // A new list is shown unmarked; a let of the selection marks exactly what it names.
-    const bool marksAnew =
-        letsSelected || (step.kind == Step::Property && step.property == QStringLiteral("Text"));
+    const bool marksAnew = letsSelected || (setsOwn && step.property == QStringLiteral("Text"));
     for (int row = 0; row < rows; ++row) {
         const bool marked = list_->rowMarked(row);
         if (marked != named.contains(QString::number(row + 1)) && (marked || marksAnew)) {
