@@ -72,8 +72,19 @@ QString separatorBefore(const QList<FormatField>& fields, QStringView letters) {
 
 Locale::~Locale() = default;
 
+namespace {
+
+// The short date format; the C locale (a machine without a locale) writes dates as ISO 8601
+// does, where Qt gives it a format with the month's name and blanks between the fields.
+QString shortDateFormat(const QLocale& locale) {
+    return locale.language() == QLocale::C ? QStringLiteral("yyyy-MM-dd")
+                                           : locale.dateFormat(QLocale::ShortFormat);
+}
+
+}  // namespace
+
 std::optional<QString> SystemLocale::dateOrder() const {
-    const QList<FormatField> fields = splitFormat(current().dateFormat(QLocale::ShortFormat));
+    const QList<FormatField> fields = splitFormat(shortDateFormat(current()));
     qsizetype day = -1;
     qsizetype month = -1;
     qsizetype year = -1;
@@ -97,8 +108,7 @@ std::optional<QString> SystemLocale::dateOrder() const {
 }
 
 std::optional<QString> SystemLocale::dateSeparator() const {
-    const QString sep =
-        separatorBefore(splitFormat(current().dateFormat(QLocale::ShortFormat)), u"dMLy");
+    const QString sep = separatorBefore(splitFormat(shortDateFormat(current())), u"dMLy");
     return sep.isEmpty() ? QStringLiteral("/") : sep;
 }
 

@@ -48,7 +48,8 @@ INSTANTIATE_TEST_SUITE_P(Locales, SystemLocaleTest,
                                            SystemCase{"en_GB", "1", "/", "1", ":", false, "."},
                                            SystemCase{"ja_JP", "2", "/", "1", ":", false, "."},
                                            SystemCase{"sv_SE", "2", "-", "1", ":", false, ","},
-                                           SystemCase{"nl_NL", "1", "-", "1", ":", false, ","}));
+                                           SystemCase{"nl_NL", "1", "-", "1", ":", false, ","},
+                                           SystemCase{"C", "2", "-", "1", ":", false, "."}));
 
 TEST(SystemLocaleTest, GivesTheMonthNamesOfTheLocale) {
     const SystemLocale german{QLocale(QLocale::German, QLocale::Germany)};
