@@ -1,17 +1,13 @@
 #include "textentry/frmDropDownList.h"
 
-#include <QCloseEvent>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QListWidget>
-#include <QMouseEvent>
 #include <QPointer>
 
 #include "display/brd.h"
-#include "formwizard/ModuleSwitches.h"
 #include "host/frame/ControlBase.h"
 #include "host/platform/MessageBox.h"
-#include "textentry/RowExpansion_p.h"
 #include "textentry/Uebergabe.h"
 
 namespace vorelle {
@@ -32,8 +28,6 @@ class frmDropDownListPrivate {
 public:
     brd* brdFenster = nullptr;
     QListWidget* lstDropDown = nullptr;
-    int hoverRow = -1;
-    bool closing = false;
 };
 
 frmDropDownList& frmDropDownList::load(QWidget* owner) {
@@ -48,14 +42,8 @@ frmDropDownList* frmDropDownList::loaded() {
 }
 
 frmDropDownList::frmDropDownList(QWidget* owner)
-    : QWidget(owner, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+    : ListPopup(owner, QStringLiteral("frmDropDownList"), QStringLiteral("DropDownList")),
       d(std::make_unique<frmDropDownListPrivate>()) {
-    setObjectName(QStringLiteral("frmDropDownList"));
-    setWindowTitle(QStringLiteral("DropDownList"));
-    setAutoFillBackground(true);
-    QPalette palette = this->palette();
-    palette.setColor(QPalette::Window, Qt::white);
-    setPalette(palette);
     if (owner) {
         setFont(owner->font());
     }
@@ -64,18 +52,8 @@ frmDropDownList::frmDropDownList(QWidget* owner)
     d->brdFenster->setObjectName(QStringLiteral("brdFenster"));
     d->brdFenster->startNew();
 
-    d->lstDropDown = new QListWidget(this);
-    d->lstDropDown->setObjectName(QStringLiteral("lstDropDown"));
-    d->lstDropDown->setFrameShape(QFrame::NoFrame);
-    d->lstDropDown->setUniformItemSizes(true);
-    d->lstDropDown->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    d->lstDropDown = makeList(QStringLiteral("lstDropDown"), QStringLiteral("txtDropDown"));
     d->lstDropDown->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    d->lstDropDown->setSelectionMode(QAbstractItemView::SingleSelection);
-    d->lstDropDown->setMouseTracking(true);
-    d->lstDropDown->viewport()->setMouseTracking(true);
-    d->lstDropDown->installEventFilter(this);
-    d->lstDropDown->viewport()->installEventFilter(this);
-    setFocusProxy(d->lstDropDown);
 }
 
 frmDropDownList::~frmDropDownList() {
@@ -124,135 +102,42 @@ void frmDropDownList::MakeUebergabeList() {
     UebergabeList() = rows.join(u'|');
 }
 
-void frmDropDownList::Unload() {
-    d->closing = true;
-    CaptionExpandHide();
-    if (current() == this) {
-        current() = nullptr;
-    }
-    hide();
-    deleteLater();
-}
-
-QString frmDropDownList::selectedText() const {
-    const QList<QListWidgetItem*> selected = d->lstDropDown->selectedItems();
-    return selected.isEmpty() ? QString() : selected.first()->text();
-}
-
-void frmDropDownList::closeWith(const QString& chosen) {
-    UebergabeText() = chosen;
-    MakeUebergabeList();
-    Unload();
-}
-
 bool frmDropDownList::handleKey(QKeyEvent* event) {
-    switch (event->key()) {
-        case Qt::Key_Escape:
-            closeWith(QString());
-            return true;
-        case Qt::Key_Minus: {
-            const int row = d->lstDropDown->currentRow();
-            if (UebergabeAllowRemove() && row >= 0 && d->lstDropDown->item(row)->isSelected()) {
-                delete d->lstDropDown->takeItem(row);
-                d->lstDropDown->clearSelection();
-                d->lstDropDown->setCurrentRow(-1);
-                Beep();
-            }
-            return true;
-        }
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-        case Qt::Key_Space:
-            closeWith(selectedText());
-            return true;
-        default:
-            return false;
+    if (event->key() != Qt::Key_Minus) {
+        return ListPopup::handleKey(event);
     }
+    const int row = d->lstDropDown->currentRow();
+    if (UebergabeAllowRemove() && row >= 0 && d->lstDropDown->item(row)->isSelected()) {
+        delete d->lstDropDown->takeItem(row);
+        d->lstDropDown->clearSelection();
+        d->lstDropDown->setCurrentRow(-1);
+        Beep();
+    }
+    return true;
 }
 
 void frmDropDownList::handleMouseMove(const QPoint& pos, Qt::MouseButtons buttons) {
     QListWidgetItem* item = d->lstDropDown->itemAt(pos);
-    if (!item) {
-        return;  // beyond the last row
-    }
-    const int row = d->lstDropDown->row(item);
-    if (buttons & Qt::LeftButton) {
+    if (item && (buttons & Qt::LeftButton)) {
         // Dragged from the arrow and released over a row: that row is chosen.
         closeWith(item->text());
         return;
     }
-    if (buttons != Qt::NoButton) {
-        return;
-    }
-    if (row != d->hoverRow) {
-        CaptionExpandHide();
-        d->hoverRow = row;
-    }
-    d->lstDropDown->setCurrentRow(row);
-    RowTextExpansion(d->lstDropDown, item, QStringLiteral("txtDropDown"));
+    ListPopup::handleMouseMove(pos, buttons);
 }
 
-bool frmDropDownList::eventFilter(QObject* watched, QEvent* event) {
-    if (d->closing) {
-        return false;
-    }
-    const bool onList = watched == d->lstDropDown;
-    const bool onViewport = watched == d->lstDropDown->viewport();
-    switch (event->type()) {
-        case QEvent::KeyPress:
-            if (onList) {
-                return handleKey(static_cast<QKeyEvent*>(event));
-            }
-            break;
-        case QEvent::MouseButtonRelease:
-            if (onViewport) {
-                const auto* mouse = static_cast<QMouseEvent*>(event);
-                closeWith(mouse->button() == Qt::LeftButton ? selectedText() : QString());
-                return true;
-            }
-            break;
-        case QEvent::MouseMove:
-            if (onViewport) {
-                const auto* mouse = static_cast<QMouseEvent*>(event);
-                handleMouseMove(mouse->position().toPoint(), mouse->buttons());
-                return d->closing;
-            }
-            break;
-        case QEvent::FocusOut:
-            if (onList) {
-                CaptionExpandHide();
-            }
-            break;
-        default:
-            break;
-    }
-    return false;
+void frmDropDownList::handBack() {
+    MakeUebergabeList();
 }
 
-void frmDropDownList::keyPressEvent(QKeyEvent* event) {
-    if (!handleKey(event)) {
-        QWidget::keyPressEvent(event);
+void frmDropDownList::forget() {
+    if (current() == this) {
+        current() = nullptr;
     }
-}
-
-void frmDropDownList::closeEvent(QCloseEvent* event) {
-    if (!d->closing) {
-        // Closed by the window system: as Esc.
-        UebergabeText().clear();
-        MakeUebergabeList();
-        d->closing = true;
-        CaptionExpandHide();
-        if (current() == this) {
-            current() = nullptr;
-        }
-        deleteLater();
-    }
-    QWidget::closeEvent(event);
 }
 
 void frmDropDownList::showEvent(QShowEvent* event) {
-    QWidget::showEvent(event);
-    d->lstDropDown->setFocus();
+    ListPopup::showEvent(event);
     if (QListWidgetItem* item = d->lstDropDown->currentItem()) {
         d->lstDropDown->scrollToItem(item, QAbstractItemView::PositionAtTop);
     }

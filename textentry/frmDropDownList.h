@@ -1,10 +1,9 @@
 #pragma once
 
 #include <QString>
-#include <QWidget>
 #include <memory>
 
-#include "foundation/Export.h"
+#include "textentry/ListPopup.h"
 
 class QListWidget;
 
@@ -19,7 +18,7 @@ class frmDropDownListPrivate;
 /// list back in UebergabeList; Return, blank and a left click hand the chosen row back in
 /// UebergabeText, Esc and other buttons hand back "". With UebergabeAllowRemove the minus
 /// key removes the selected row.
-class VORELLE_EXPORT frmDropDownList : public QWidget {
+class VORELLE_EXPORT frmDropDownList : public ListPopup {
     Q_OBJECT
 
 public:
@@ -43,22 +42,16 @@ public:
     void layoutFor(int width, int height);
     /// Sets UebergabeList to the rows of the list in their order, joined by "|".
     void MakeUebergabeList();
-    /// Hides the form and lets it go; loaded() is nullptr from now on.
-    void Unload();
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    void forget() override;
+    void handBack() override;
+    bool handleKey(QKeyEvent* event) override;
+    void handleMouseMove(const QPoint& pos, Qt::MouseButtons buttons) override;
     void showEvent(QShowEvent* event) override;
 
 private:
     explicit frmDropDownList(QWidget* owner);
-    // The keys of the list and of the form; true when the key was used.
-    bool handleKey(QKeyEvent* event);
-    void handleMouseMove(const QPoint& pos, Qt::MouseButtons buttons);
-    void closeWith(const QString& chosen);
-    QString selectedText() const;
 
     std::unique_ptr<frmDropDownListPrivate> d;
 };

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <QWidget>
 #include <memory>
 
-#include "foundation/Export.h"
+#include "textentry/ListPopup.h"
 
 class QListWidget;
 
@@ -17,7 +16,7 @@ class frmEntryWizardPrivate;
 /// fills it, places it under itself and shows it modally (Txt's entry wizard). Return,
 /// blank and a left click hand the selected row back in UebergabeText; Esc and a right
 /// click close it with "".
-class VORELLE_EXPORT frmEntryWizard : public QWidget {
+class VORELLE_EXPORT frmEntryWizard : public ListPopup {
     Q_OBJECT
 
 public:
@@ -36,21 +35,13 @@ public:
     int designedHeight() const;
     /// Gives the form and its outline a width in pixels, the list 9 pixels less.
     void setFormWidth(int width);
-    /// Hides the form and lets it go; loaded() is nullptr from now on.
-    void Unload();
 
 protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
+    void forget() override;
     void mousePressEvent(QMouseEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private:
     explicit frmEntryWizard(QWidget* owner);
-    bool handleKey(QKeyEvent* event);
-    void closeWith(const QString& chosen);
-    QString selectedText() const;
 
     std::unique_ptr<frmEntryWizardPrivate> d;
 };
