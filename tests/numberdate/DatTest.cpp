@@ -243,6 +243,16 @@ TEST_F(DatTest, FieldsFollowTheLocalesOrderSeparatorAndKeys) {
               QStringLiteral("Entryfield for date in format 'MM/DD/YYYY'. Special keys: cursor "
                              "up/down, page up/down, Num /*+-, mouse wheel "));
 
+    // British: day first as in Germany, with slashes and the English hint.
+    locale.locale = FakeLocale::unitedKingdom();
+    ctl->setShowDay(true);
+    EXPECT_LT(field(DatePart::Day)->x(), field(DatePart::Month)->x());
+    EXPECT_LT(field(DatePart::Month)->x(), field(DatePart::Year)->x());
+    EXPECT_EQ(ctl->Text(), QStringLiteral("05/03/2003"));
+    EXPECT_EQ(ctl->Status2_en(),
+              QStringLiteral("Entryfield for date in format 'DD/MM/YYYY'. Special keys: cursor "
+                             "up/down, page up/down, Num /*+-, mouse wheel "));
+
     locale.locale = FakeLocale::yearFirst();
     ctl->setShowDay(true);
     EXPECT_LT(field(DatePart::Year)->x(), field(DatePart::Month)->x());

@@ -88,6 +88,14 @@ TEST_F(TimTest, TypingSetsHourAndMinuteAndLeavingChecksTheTime) {
                              "auf/ab, Bild auf/ab, Num /*+-; Scrollrad Maus "));
 }
 
+TEST_F(TimTest, BritishLocaleKeepsTheTwentyFourHourClock) {
+    locale.locale = FakeLocale::unitedKingdom();
+    make({{QStringLiteral("Zeit"), QStringLiteral("13:05")}});
+    EXPECT_FALSE(ctl->ampmLabel()->isVisible());
+    EXPECT_EQ(text(DatePart::Hour), QStringLiteral("13"));
+    EXPECT_EQ(ctl->Text(), QStringLiteral("13:05"));
+}
+
 TEST_F(TimTest, TwelveHourLocaleShowsAmPmAndAClickTurnsItOver) {
     locale.locale = FakeLocale::unitedStates();
     make({{QStringLiteral("Zeit"), QStringLiteral("00:10")}});
