@@ -25,6 +25,7 @@
 #include "host/platform/MessageBox.h"
 #include "host/platform/StatusText.h"
 #include "textentry/FocusFrame.h"
+#include "textentry/OleDragDrop.h"
 
 namespace vorelle {
 
@@ -106,7 +107,9 @@ public:
     int mousePointer = 0;
     int oleDragMode = 0;
     int oleDropMode = 0;
-    int quiet = 0;  // > 0 while Change of the inner steps is held back
+    OleDragDrop* ole0 = nullptr;  // drag and drop of lstList0
+    OleDragDrop* ole1 = nullptr;  // of lstList1
+    int quiet = 0;                // > 0 while Change of the inner steps is held back
     bool sorted = false;
     bool allowDoubles = false;
     bool allowMultiSelect = false;
@@ -151,6 +154,8 @@ Lst::Lst(QWidget* parent) : FormControl(parent), d(std::make_unique<LstPrivate>(
     SetFocusFrame(d->shpWeiss, d->shpBlau, false);
     d->lstList0 = d->makeList(this, QStringLiteral("lstList0"), false);
     d->lstList1 = d->makeList(this, QStringLiteral("lstList1"), true);
+    d->ole0 = makeDragDrop(d->lstList0);
+    d->ole1 = makeDragDrop(d->lstList1);
     const int line = d->lineHeightPixels(font());
     d->delegate0 = new RowDelegate(d->lstList0, line);
     d->delegate1 = new RowDelegate(d->lstList1, line);
@@ -234,6 +239,7 @@ void Lst::ReadProperties(const PropertyBag& bag) {
     d->mousePointer = pointer;
     d->oleDragMode = dragMode;
     d->oleDropMode = dropMode;
+    applyDragDropModes();
     initFont(font);
     initForeColor(fore);
     initBackColor(back);
@@ -685,6 +691,7 @@ int Lst::OLEDragMode() const {
 
 void Lst::setOLEDragMode(int mode) {
     d->oleDragMode = mode;
+    applyDragDropModes();
     PropertyChanged(QStringLiteral("OLEDragMode"));
 }
 
@@ -694,7 +701,47 @@ int Lst::OLEDropMode() const {
 
 void Lst::setOLEDropMode(int mode) {
     d->oleDropMode = mode;
+    applyDragDropModes();
     PropertyChanged(QStringLiteral("OLEDropMode"));
+}
+
+OleDragDrop* Lst::makeDragDrop(QListWidget* list) {
+    OleDragDrop::Field entries;
+    entries.selectedText = [this] {
+        collectMarks();
+        QString text;
+        for (const QString& entry : entriesOf(List(), d->selected)) {
+            text += entry + QStringLiteral("\r\n");
+        }
+        return text;
+    };
+    entries.onSelection = [list](const QPoint& at) {
+        const QListWidgetItem* item = list->itemAt(at);
+        return item && item->isSelected();
+    };
+    entries.removeSelection = [] {};  // the entries belong to the host; it removes them
+    entries.takesText = [] { return false; };
+    auto* ole = new OleDragDrop(list, list->viewport(), entries, this);
+    connect(ole, &OleDragDrop::OLECompleteDrag, this, &Lst::OLECompleteDrag);
+    connect(ole, &OleDragDrop::OLEDragDrop, this, &Lst::OLEDragDrop);
+    connect(ole, &OleDragDrop::OLEDragOver, this, &Lst::OLEDragOver);
+    connect(ole, &OleDragDrop::OLEGiveFeedback, this, &Lst::OLEGiveFeedback);
+    connect(ole, &OleDragDrop::OLESetData, this, &Lst::OLESetData);
+    connect(ole, &OleDragDrop::OLEStartDrag, this, &Lst::OLEStartDrag);
+    return ole;
+}
+
+void Lst::applyDragDropModes() {
+    // A list takes no dropped text itself: automatic dropping counts as none.
+    const int drop = d->oleDropMode == 1 ? 1 : 0;
+    for (OleDragDrop* ole : {d->ole0, d->ole1}) {
+        ole->setDragMode(d->oleDragMode);
+        ole->setDropMode(drop);
+    }
+}
+
+void Lst::OLEDrag() {
+    (d->active == d->lstList1 ? d->ole1 : d->ole0)->startDrag();
 }
 
 QListWidget* Lst::activeList() const {

@@ -10,6 +10,7 @@ class QListWidget;
 namespace vorelle {
 
 class LstPrivate;
+class OleDragDrop;
 
 /// A two-language list box. The entries live in two pipe-separated lists, one per language,
 /// and the list of the current language is shown; the selection is a third list of 1-based
@@ -269,6 +270,8 @@ public:
     Q_INVOKABLE void MouseMove(int Button, float X, float Y);
     /// Nothing.
     Q_INVOKABLE void MouseUp(int Button, float X, float Y);
+    /// Starts a drag of the selected entries (one a line), whatever OLEDragMode is.
+    Q_INVOKABLE void OLEDrag();
 
 signals:
     /// The entries changed (also raised by UpdateListCount).
@@ -291,6 +294,19 @@ signals:
     void MouseMove(int Button, int Shift, float X, float Y);
     /// A button went up over the list.
     void MouseUp(int Button, int Shift, float X, float Y);
+    /// A drag from the list ended with Effect (0 none, 1 copy, 2 move).
+    void OLECompleteDrag(int& Effect);
+    /// Data was dropped on the list (OLEDropMode 1).
+    void OLEDragDrop(QVariant Data, int& Effect, int Button, int Shift, float X, float Y);
+    /// Data is dragged over the list (OLEDropMode 1): State 0 enter, 1 leave, 2 over.
+    void OLEDragOver(QVariant Data, int& Effect, int Button, int Shift, float X, float Y,
+                     int State);
+    /// The effect of a drag from the list changed.
+    void OLEGiveFeedback(int& Effect, bool& DefaultCursors);
+    /// A target asks for data that the drag does not hold yet.
+    void OLESetData(QVariant Data, int& DataFormat);
+    /// A drag from the list starts; AllowedEffects 0 cancels it.
+    void OLEStartDrag(QVariant Data, int& AllowedEffects);
     /// The list scrolled.
     void Scroll();
     /// Entry n was selected.
@@ -323,6 +339,8 @@ private:
     void onParentLoad();
     void onScroll();
     void statusText(const QString& de, const QString& en);
+    OleDragDrop* makeDragDrop(QListWidget* list);
+    void applyDragDropModes();
     std::unique_ptr<LstPrivate> d;
 };
 

@@ -1,7 +1,10 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDrag>
+#include <QDragEnterEvent>
 #include <QListWidget>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <random>
@@ -16,6 +19,7 @@
 #include "host/platform/MessageBox.h"
 #include "support/FakePopupMenu.h"
 #include "support/QtPrinters.h"
+#include "textentry/OleDragDrop.h"
 
 namespace vorelle {
 namespace {
@@ -354,6 +358,49 @@ TEST_F(LstTest, LockedListKeepsItsSelectionButStillCopies) {
     key(l, Qt::Key_E, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "eins\r\nzwei\r\ndrei\r\n");
     EXPECT_EQ(wizard->GetStatus1().toString(), "All entrys copied to clipboard.");
+}
+
+TEST_F(LstTest, DragsTheSelectedEntriesAndPassesDropsToTheHost) {
+    QStringList dragged;
+    const auto previous = OleDragDrop::setDragRunner([&dragged](QDrag& drag, Qt::DropActions) {
+        dragged << drag.mimeData()->text();
+        return Qt::CopyAction;
+    });
+    Lst* l = list("eins|zwei|drei", true);
+    l->setSelected("1|3");
+    QList<int> completed;
+    QObject::connect(l, &Lst::OLECompleteDrag, [&completed](int& effect) { completed << effect; });
+    l->OLEDrag();
+    EXPECT_EQ(dragged, QStringList{"eins\r\ndrei\r\n"});
+    EXPECT_EQ(completed, QList<int>{1});
+
+    // Drop mode 1: the host hears of data over and on the list; the entries stay as they are.
+    QStringList overs;
+    QObject::connect(l, &Lst::OLEDragOver,
+                     [&overs](QVariant, int&, int, int, float, float, int state) {
+                         overs << QString::number(state);
+                     });
+    QStringList drops;
+    QObject::connect(l, &Lst::OLEDragDrop, [&drops](QVariant data, int&, int, int, float, float) {
+        auto* mime = qobject_cast<QMimeData*>(data.value<QObject*>());
+        drops << (mime ? mime->text() : QString());
+    });
+    QWidget* target = l->activeList()->viewport();
+    QMimeData data;
+    data.setText("vier");
+    QDragEnterEvent notTaken(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &notTaken);
+    EXPECT_TRUE(overs.isEmpty()) << "without a drop mode the list is no target";
+
+    l->setOLEDropMode(1);
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &enter);
+    QDropEvent drop(QPointF(6, 6), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(target, &drop);
+    EXPECT_EQ(overs, QStringList{"0"});
+    EXPECT_EQ(drops, QStringList{"vier"});
+    EXPECT_EQ(l->List(), "eins|zwei|drei");
+    OleDragDrop::setDragRunner(previous);
 }
 
 TEST_F(LstTest, RightClickMenuOffersTheSelectionEntriesOnlyInMultipleSelection) {
