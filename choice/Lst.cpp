@@ -476,11 +476,11 @@ QSet<QString> itemSet(const QString& list) {
 
 }  // namespace
 
-void Lst::setSelectedEntrys_de(const QString& entries) {
+void Lst::selectEntriesOf(const QString& list, const QString& entries) {
     d->selected.clear();
     ChangeSelection(false);
     const QSet<QString> wanted = itemSet(entries);
-    const QStringList all = tokens(d->listDe);
+    const QStringList all = tokens(list);
     QStringList numbers;
     const int rows = std::min<int>(ListCount(), static_cast<int>(all.size()));
     for (int n = 1; n <= rows; ++n) {
@@ -496,24 +496,12 @@ void Lst::setSelectedEntrys_de(const QString& entries) {
     PropertyChanged(QStringLiteral("Selected"));
 }
 
+void Lst::setSelectedEntrys_de(const QString& entries) {
+    selectEntriesOf(d->listDe, entries);
+}
+
 void Lst::setSelectedEntrys_en(const QString& entries) {
-    d->selected.clear();
-    ChangeSelection(false);
-    const QSet<QString> wanted = itemSet(entries);
-    const QStringList all = tokens(d->listEn);
-    QStringList numbers;
-    const int rows = std::min<int>(ListCount(), static_cast<int>(all.size()));
-    for (int n = 1; n <= rows; ++n) {
-        if (wanted.contains(all.at(n - 1))) {
-            numbers << QString::number(n);
-            if (!d->allowMultiSelect) {
-                break;
-            }
-        }
-    }
-    d->selected = numbers.join(u'|');
-    ChangeSelection(true);
-    PropertyChanged(QStringLiteral("Selected"));
+    selectEntriesOf(d->listEn, entries);
 }
 
 void Lst::setSelectedEntrys(const QString& entries) {

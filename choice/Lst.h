@@ -331,6 +331,8 @@ protected:
 private:
     void storeList(bool german, const QString& list);
     void collectMarks();
+    // Selects the entries of the list (one language's) that the PSL of texts names.
+    void selectEntriesOf(const QString& list, const QString& entries);
     void toggleRow(int number);
     void showMenu();
     void handleKeyDown(QKeyEvent* event);
