@@ -3,7 +3,7 @@
 // completed field checked and shown anew) against a plain QDateEdit, shown and focused,
 // that receives the same key events. Both start from 01.01.2000 on a German locale, and
 // each field (section) is selected before its digits are typed.
-#include <benchmark/benchmark.h>
+#include "QtBench.h"
 
 #include <QApplication>
 #include <QDateEdit>
@@ -19,14 +19,7 @@ namespace {
 constexpr int kBatch = 8;
 const char* const kKeys = "24122010";
 
-void press(QWidget* target, char c) {
-    const int key = Qt::Key_0 + (c - '0');
-    const QString text(QChar::fromLatin1(c));
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &up);
-}
+using vorelle::bench::press;
 
 const QLocale kGerman(QLocale::German, QLocale::Germany);
 
@@ -95,12 +88,5 @@ BENCHMARK(BM_Dat);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vorelle::bench::runBenchmarks(argc, argv);
 }

@@ -2,7 +2,7 @@
 // press, key, resize and activation. The anchor is Qt's own call by name,
 // QMetaObject::invokeMethod, on the same object and member. The object is a Txt: a control
 // with many members, as the calls in a running program meet them.
-#include <benchmark/benchmark.h>
+#include "QtBench.h"
 
 #include <QApplication>
 
@@ -58,12 +58,5 @@ BENCHMARK(BM_LateCallWithArguments);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vorelle::bench::runBenchmarks(argc, argv);
 }

@@ -7,14 +7,12 @@
 // Each iteration builds the widget on a window, fills it, shows it and paints it once, on
 // the platform of QT_QPA_PLATFORM (offscreen by default). The target: Lst within twice the
 // time of QListWidget.
-#include <benchmark/benchmark.h>
+#include "QtBench.h"
 
 #include <QApplication>
 #include <QListWidget>
 
 #include "choice/Lst.h"
-#include "foundation/MemoryRegistry.h"
-#include "foundation/RegistryBackend.h"
 #include "host/form/Form.h"
 
 namespace {
@@ -80,15 +78,5 @@ BENCHMARK(BM_Lst)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    vorelle::MemoryRegistry store;  // the language is read from a store in memory
-    vorelle::RegistryBackend::setInstance(&store);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    vorelle::RegistryBackend::setInstance(nullptr);
-    return 0;
+    return vorelle::bench::runBenchmarks(argc, argv, vorelle::bench::Store::InMemory);
 }

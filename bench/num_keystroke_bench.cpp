@@ -3,7 +3,7 @@
 // decimals against a plain QDoubleSpinBox that shows group separators and receives the
 // same key events. Both type the same 12 digits on a German locale and are then set
 // back to 0 with the whole text selected.
-#include <benchmark/benchmark.h>
+#include "QtBench.h"
 
 #include <QApplication>
 #include <QDoubleSpinBox>
@@ -19,14 +19,7 @@ namespace {
 constexpr int kBatch = 12;
 const char* const kKeys = "123456789012";
 
-void press(QWidget* target, char c) {
-    const int key = Qt::Key_0 + (c - '0');
-    const QString text(QChar::fromLatin1(c));
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &up);
-}
+using vorelle::bench::press;
 
 const QLocale kGerman(QLocale::German, QLocale::Germany);
 
@@ -86,12 +79,5 @@ BENCHMARK(BM_Num);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vorelle::bench::runBenchmarks(argc, argv);
 }

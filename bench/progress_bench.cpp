@@ -5,15 +5,13 @@
 //   BM_prc           the progress clock, 1200 twips (80 pixels) square
 // Each widget stands shown on its own window, on the platform of QT_QPA_PLATFORM
 // (offscreen by default). The target: prb and prc within twice the time of QProgressBar.
-#include <benchmark/benchmark.h>
+#include "QtBench.h"
 
 #include <QApplication>
 #include <QProgressBar>
 
 #include "display/prb.h"
 #include "display/prc.h"
-#include "foundation/MemoryRegistry.h"
-#include "foundation/RegistryBackend.h"
 #include "host/form/Form.h"
 
 namespace {
@@ -81,15 +79,5 @@ BENCHMARK(BM_prc)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    vorelle::MemoryRegistry store;  // the language is read from a store in memory
-    vorelle::RegistryBackend::setInstance(&store);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    vorelle::RegistryBackend::setInstance(nullptr);
-    return 0;
+    return vorelle::bench::runBenchmarks(argc, argv, vorelle::bench::Store::InMemory);
 }

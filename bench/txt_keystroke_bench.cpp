@@ -1,7 +1,7 @@
 // Cost of one keystroke from the key event to the Change notification: a Txt with
 // ValidChars, CharReplace and TypingBehavior 3 against a plain QLineEdit that receives the
 // same key events. Both type the same 16 characters and are then emptied.
-#include <benchmark/benchmark.h>
+#include "QtBench.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -15,14 +15,7 @@ namespace {
 constexpr int kBatch = 16;
 const char* const kKeys = "hans peter mulle";  // 16 characters, two blanks to replace
 
-void press(QWidget* target, char c) {
-    const int key = c == ' ' ? Qt::Key_Space : Qt::Key_A + (c - 'a');
-    const QString text(QChar::fromLatin1(c));
-    QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &down);
-    QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, text);
-    QApplication::sendEvent(target, &up);
-}
+using vorelle::bench::press;
 
 void BM_PlainLineEdit(benchmark::State& state) {
     QLineEdit edit;
@@ -68,12 +61,5 @@ BENCHMARK(BM_TxtWithRules);
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    return vorelle::bench::runBenchmarks(argc, argv);
 }
