@@ -16,20 +16,6 @@ namespace {
 // The text box's own limit when the host says "no limit".
 constexpr int kUnlimited = 32767;
 
-Qt::KeyboardModifiers modifiersOf(int shift) {
-    Qt::KeyboardModifiers mods;
-    if (shift & vbShiftMask) {
-        mods |= Qt::ShiftModifier;
-    }
-    if (shift & vbCtrlMask) {
-        mods |= Qt::ControlModifier;
-    }
-    if (shift & vbAltMask) {
-        mods |= Qt::AltModifier;
-    }
-    return mods;
-}
-
 int buttonsOf(Qt::MouseButtons buttons) {
     int result = 0;
     if (buttons & Qt::LeftButton) {
@@ -233,14 +219,9 @@ QString EntryField::fitting(const QString& text, int replaced) const {
 }
 
 void EntryField::sendKeyAction(int keyCode, int shift) {
-    bool keypad = false;
-    const int qtKey = QtKeyFromVirtualKey(keyCode, &keypad);
+    const auto [qtKey, mods] = QtKeyPressOf(keyCode, shift);
     if (qtKey == Qt::Key_unknown) {
         return;
-    }
-    Qt::KeyboardModifiers mods = modifiersOf(shift);
-    if (keypad) {
-        mods |= Qt::KeypadModifier;
     }
     QKeyEvent synthetic(QEvent::KeyPress, qtKey, mods);
     QLineEdit::keyPressEvent(&synthetic);

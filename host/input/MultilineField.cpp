@@ -20,20 +20,6 @@ namespace vorelle {
 
 namespace {
 
-Qt::KeyboardModifiers modifiersOf(int shift) {
-    Qt::KeyboardModifiers mods;
-    if (shift & vbShiftMask) {
-        mods |= Qt::ShiftModifier;
-    }
-    if (shift & vbCtrlMask) {
-        mods |= Qt::ControlModifier;
-    }
-    if (shift & vbAltMask) {
-        mods |= Qt::AltModifier;
-    }
-    return mods;
-}
-
 // The line ends of the box: CR LF and a lone CR become LF.
 QString withLineFeeds(QString text) {
     return text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
@@ -167,14 +153,9 @@ void MultilineField::keyPressEvent(QKeyEvent* event) {
 }
 
 void MultilineField::sendKeyAction(int keyCode, int shift) {
-    bool keypad = false;
-    const int qtKey = QtKeyFromVirtualKey(keyCode, &keypad);
+    const auto [qtKey, mods] = QtKeyPressOf(keyCode, shift);
     if (qtKey == Qt::Key_unknown) {
         return;
-    }
-    Qt::KeyboardModifiers mods = modifiersOf(shift);
-    if (keypad) {
-        mods |= Qt::KeypadModifier;
     }
     QKeyEvent synthetic(QEvent::KeyPress, qtKey, mods);
     QPlainTextEdit::keyPressEvent(&synthetic);

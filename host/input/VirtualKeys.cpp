@@ -150,4 +150,23 @@ int ShiftFromModifiers(Qt::KeyboardModifiers modifiers) {
     return shift;
 }
 
+std::pair<int, Qt::KeyboardModifiers> QtKeyPressOf(int virtualKey, int shift) {
+    bool keypad = false;
+    const int qtKey = QtKeyFromVirtualKey(virtualKey, &keypad);
+    Qt::KeyboardModifiers mods;
+    if (shift & vbShiftMask) {
+        mods |= Qt::ShiftModifier;
+    }
+    if (shift & vbCtrlMask) {
+        mods |= Qt::ControlModifier;
+    }
+    if (shift & vbAltMask) {
+        mods |= Qt::AltModifier;
+    }
+    if (keypad) {
+        mods |= Qt::KeypadModifier;
+    }
+    return {qtKey, mods};
+}
+
 }  // namespace vorelle

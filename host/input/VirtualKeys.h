@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include <Qt>
 
 #include "foundation/Export.h"
@@ -270,5 +272,8 @@ VORELLE_EXPORT int VirtualKeyFromQt(int qtKey, Qt::KeyboardModifiers modifiers);
 VORELLE_EXPORT int QtKeyFromVirtualKey(int virtualKey, bool* keypad = nullptr);
 /// The shift state bits of Qt modifiers.
 VORELLE_EXPORT int ShiftFromModifiers(Qt::KeyboardModifiers modifiers);
+/// The Qt key and modifiers that a press of a virtual key code with the shift state bits
+/// carries (the keypad modifier for keypad keys); Qt::Key_unknown when the code has no key.
+VORELLE_EXPORT std::pair<int, Qt::KeyboardModifiers> QtKeyPressOf(int virtualKey, int shift);
 
 }  // namespace vorelle
